@@ -1,0 +1,83 @@
+#include "nxvelora_controller.h"
+
+#include "nxvelora_editor.h"
+#include "pan_vstcommon.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace Steinberg {
+namespace Vst {
+
+NxVeloraController::~NxVeloraController() = default;
+
+FUnknown* NxVeloraController::createInstance(void*)
+{
+	return static_cast<IEditController*>(new NxVeloraController);
+}
+
+tresult PLUGIN_API NxVeloraController::initialize(FUnknown* context)
+{
+	const tresult result = EditController::initialize(context);
+	parameters.addParameter(new RangeParameter(
+	    STR16("Pan"), kPanParamId, STR16(""), kPanMinDegrees, kPanMaxDegrees, kPanDefaultDegrees, 0,
+	    ParameterInfo::kCanAutomate | ParameterInfo::kIsList, kRootUnitId));
+	return result;
+}
+
+tresult PLUGIN_API NxVeloraController::terminate()
+{
+	viewsArray.clear();
+	return EditController::terminate();
+}
+
+tresult PLUGIN_API NxVeloraController::setComponentState(IBStream*)
+{
+	return kResultOk;
+}
+
+tresult PLUGIN_API NxVeloraController::setState(IBStream* state)
+{
+	return setComponentState(state);
+}
+
+tresult PLUGIN_API NxVeloraController::getState(IBStream*)
+{
+	return kResultOk;
+}
+
+IPlugView* PLUGIN_API NxVeloraController::createView(FIDString name)
+{
+	if (name && std::strcmp(name, ViewType::kEditor) == 0)
+		return new NxVeloraEditorView(this);
+	return nullptr;
+}
+
+void NxVeloraController::editorDestroyed(EditorView*) {}
+
+void NxVeloraController::editorAttached(EditorView* editor)
+{
+	if (auto* view = FCast<NxVeloraEditorView>(editor))
+		addDependentView(view);
+}
+
+void NxVeloraController::editorRemoved(EditorView* editor)
+{
+	if (auto* view = FCast<NxVeloraEditorView>(editor))
+		removeDependentView(view);
+}
+
+void NxVeloraController::addDependentView(NxVeloraEditorView* view)
+{
+	viewsArray.push_back(view);
+}
+
+void NxVeloraController::removeDependentView(NxVeloraEditorView* view)
+{
+	const auto it = std::find(viewsArray.begin(), viewsArray.end(), view);
+	if (it != viewsArray.end())
+		viewsArray.erase(it);
+}
+
+} // namespace Vst
+} // namespace Steinberg

@@ -1,0 +1,151 @@
+#include "nxvelora_editor.h"
+
+#include "nxvelora_controller.h"
+#include "pan_vstcommon.h"
+#include "x11_runloop.h"
+
+#include "vstgui/lib/cbitmap.h"
+#include "vstgui/lib/cframe.h"
+#include "vstgui/lib/controls/cknob.h"
+#include "vstgui/lib/controls/cparamdisplay.h"
+#include "vstgui/lib/controls/ctextlabel.h"
+
+namespace Steinberg {
+namespace Vst {
+
+using namespace VSTGUI;
+
+namespace {
+constexpr int32 kIdleRateMs = 50;
+constexpr CCoord kKnobCentreX = 49;
+constexpr CCoord kKnobCentreY = 94;
+const CRect kLabelRect(170, 82, 225, 106);
+const CRect kDisplayRect(110, 82, 160, 106);
+const CColor kTextColour(0x20, 0x20, 0x20, 0xFF);
+constexpr int kDisplayPrecision = 1;
+} // namespace
+
+NxVeloraEditorView::NxVeloraEditorView(NxVeloraController* controller)
+: VSTGUIEditor(controller),
+  owner(controller)
+{
+	setIdleRate(kIdleRateMs);
+	// The background picture sets the window's size.
+	SharedPointer<CBitmap> background = makeOwned<CBitmap>("background.png");
+	setRect(ViewRect(0, 0, static_cast<int32>(background->getWidth()),
+	                 static_cast<int32>(background->getHeight())));
+}
+
+bool PLUGIN_API NxVeloraEditorView::open(void* parent, const PlatformType& platformType)
+{
+	if (frame)
+		return false;
+
+	SharedPointer<CBitmap> background = makeOwned<CBitmap>("background.png");
+	SharedPointer<CBitmap> knobImage = makeOwned<CBitmap>("knob.png");
+	frame = new CFrame(CRect(0, 0, background->getWidth(), background->getHeight()), this);
+	frame->setBackground(background);
+
+	const CCoord knobWidth = knobImage->getWidth();
+	const CCoord knobHeight = knobImage->getHeight();
+	CRect knobRect(0, 0, knobWidth, knobHeight);
+	knobRect.offset(kKnobCentreX - knobWidth / 2, kKnobCentreY - knobHeight / 2);
+	knobControl = new CKnob(knobRect, this, kPanParamId, knobImage, nullptr, CPoint(0, 0), 0);
+	knobControl->setMin(0.f);
+	knobControl->setMax(1.f);
+	knobControl->setValue(static_cast<float>(owner->getParamNormalized(kPanParamId)));
+	frame->addView(knobControl);
+
+	SharedPointer<CFontDesc> valueFont = makeOwned<CFontDesc>("Arial", 20, kBoldFace);
+	SharedPointer<CFontDesc> labelFont = makeOwned<CFontDesc>("Arial", 14, kBoldFace);
+	auto* label = new CTextLabel(kLabelRect, "degrees");
+	initTextLabel(label, kTextColour, labelFont);
+	frame->addView(label);
+	valueDisplay = new CParamDisplay(kDisplayRect);
+	initParamDisplay(valueDisplay, kPanParamId, kDisplayPrecision, kTextColour, valueFont);
+	frame->addView(valueDisplay);
+
+	frame->open(parent, platformType, hostRunLoopConfig(plugFrame).get());
+	return true;
+}
+
+void PLUGIN_API NxVeloraEditorView::close()
+{
+	if (frame)
+	{
+		// The frame owns the controls.
+		frame->forget();
+		frame = nullptr;
+	}
+	knobControl = nullptr;
+	valueDisplay = nullptr;
+}
+
+void NxVeloraEditorView::valueChanged(CControl* control)
+{
+	if (control->getTag() != static_cast<int32_t>(kPanParamId))
+		return;
+	const double value = control->getValueNormalized();
+	owner->setParamNormalized(kPanParamId, value);
+	// Deliberately not bracketed by beginEdit/endEdit.
+	owner->performEdit(kPanParamId, value);
+	showValue(value);
+}
+
+void NxVeloraEditorView::update(unsigned int tag, double value)
+{
+	if (tag != kPanParamId)
+		return;
+	owner->performEdit(kPanParamId, value);
+	showValue(value);
+}
+
+void NxVeloraEditorView::syncView(ParameterContainer* container)
+{
+	if (!container || !knobControl)
+		return;
+	for (int32 i = 0; i < container->getParameterCount(); ++i)
+	{
+		Parameter* parameter = container->getParameterByIndex(i);
+		if (!parameter || parameter->getInfo().id != kPanParamId)
+			continue;
+		knobControl->setValueNormalized(static_cast<float>(parameter->getNormalized()));
+		knobControl->valueChanged();
+	}
+}
+
+void NxVeloraEditorView::initTextLabel(CTextLabel* label, const CColor& colour, CFontDesc* font)
+{
+	label->setFont(font);
+	label->setFontColor(colour);
+	label->setTransparency(true);
+	label->setHoriAlign(kLeftText);
+}
+
+void NxVeloraEditorView::initParamDisplay(CParamDisplay* display, unsigned int tag, int precision,
+                                          const CColor& colour, CFontDesc* font)
+{
+	display->setFont(font);
+	display->setFontColor(colour);
+	display->setTransparency(true);
+	display->setHoriAlign(kRightText);
+	display->setPrecision(static_cast<uint8_t>(precision));
+	display->setTag(static_cast<int32_t>(tag));
+	if (Parameter* parameter = owner->getParameterObject(tag))
+	{
+		// Plain values at the ends of the normalised range: the display shows
+		// a normalised value in degrees.
+		display->setMin(static_cast<float>(parameter->toPlain(0.0)));
+		display->setMax(static_cast<float>(parameter->toPlain(1.0)));
+		display->setValueNormalized(static_cast<float>(parameter->getNormalized()));
+	}
+}
+
+void NxVeloraEditorView::showValue(double normalized)
+{
+	if (valueDisplay)
+		valueDisplay->setValueNormalized(static_cast<float>(normalized));
+}
+
+} // namespace Vst
+} // namespace Steinberg

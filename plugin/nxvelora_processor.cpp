@@ -1,0 +1,250 @@
+#include "nxvelora_processor.h"
+
+#include "pan_vstcommon.h"
+#include "pluginterfaces/vst/ivstparameterchanges.h"
+
+#include <algorithm>
+
+namespace Steinberg {
+namespace Vst {
+
+namespace {
+constexpr double kNearLimitDegrees = 30.0;
+// Samples per pass of a glide: small enough for the stack, large enough to
+// let independent samples overlap.
+constexpr int32 kGlideChunk = 64;
+
+// One output sample pair: beyond +-30 degrees the far channel carries the
+// low-passed copy, scaled by the law's (negative-gain) extra factor.
+inline void panSample(double s, double f, double angle, double gL, double gR, float& left,
+                      float& right)
+{
+	if (angle < -kNearLimitDegrees)
+	{
+		left = static_cast<float>(s * gL);
+		right = static_cast<float>(f * gR * VeloraLaw::gain);
+	}
+	else if (angle > kNearLimitDegrees)
+	{
+		left = static_cast<float>(f * gL * VeloraLaw::gain);
+		right = static_cast<float>(s * gR);
+	}
+	else
+	{
+		left = static_cast<float>(s * gL);
+		right = static_cast<float>(s * gR);
+	}
+}
+
+inline double gainAt(double angle)
+{
+	return VeloraLaw::evalSegment(VeloraLaw::segmentOf(angle), angle);
+}
+} // namespace
+
+PanParameter::PanParameter()
+: RangeParameter(STR16("Pan"), kPanParamId, STR16(""), kPanMinDegrees, kPanMaxDegrees,
+                 kPanDefaultDegrees, 0, ParameterInfo::kCanAutomate | ParameterInfo::kIsList,
+                 kRootUnitId)
+{}
+
+bool PanParameter::setNormalized(ParamValue v)
+{
+	valueNormalized = v < 0.0 ? 0.0 : (v > 1.0 ? 1.0 : v);
+	return true;
+}
+
+NxVeloraProcessor::NxVeloraProcessor() : panParameter(owned(new PanParameter))
+{
+	setControllerClass(NxVeloraControllerUID);
+}
+
+NxVeloraProcessor::~NxVeloraProcessor() = default;
+
+FUnknown* NxVeloraProcessor::createInstance(void*)
+{
+	return static_cast<IAudioProcessor*>(new NxVeloraProcessor);
+}
+
+tresult PLUGIN_API NxVeloraProcessor::initialize(FUnknown* context)
+{
+	const tresult result = Component::initialize(context);
+	if (result != kResultOk)
+		return result;
+	addAudioInput(STR16("Mono In"), SpeakerArr::kMono);
+	addAudioOutput(STR16("Stereo Out"), SpeakerArr::kStereo);
+	return result;
+}
+
+tresult PLUGIN_API NxVeloraProcessor::setActive(TBool state)
+{
+	SpeakerArrangement arr = 0;
+	if (getBusArrangement(kOutput, 0, arr) != kResultTrue || arr == 0 ||
+	    SpeakerArr::getChannelCount(arr) == 0)
+		return kResultFalse;
+	if (state)
+		law = std::make_unique<VeloraLaw>(processSetup.sampleRate);
+	return Component::setActive(state);
+}
+
+tresult PLUGIN_API NxVeloraProcessor::setState(IBStream*)
+{
+	return kResultOk;
+}
+
+tresult PLUGIN_API NxVeloraProcessor::getState(IBStream*)
+{
+	return kResultOk;
+}
+
+tresult PLUGIN_API NxVeloraProcessor::setBusArrangements(SpeakerArrangement* inputs, int32 numIns,
+                                                         SpeakerArrangement* outputs, int32 numOuts)
+{
+	if (numIns != 1 || numOuts != 1 || !inputs || !outputs)
+		return kResultFalse;
+	if (inputs[0] != SpeakerArr::kMono && inputs[0] != SpeakerArr::kStereo)
+		return kResultFalse;
+	if (outputs[0] != SpeakerArr::kStereo)
+		return kResultFalse;
+	return AudioEffect::setBusArrangements(inputs, 1, outputs, 1);
+}
+
+tresult PLUGIN_API NxVeloraProcessor::getBusArrangement(BusDirection dir, int32,
+                                                        SpeakerArrangement& arr)
+{
+	// Fixed answers, whatever setBusArrangements accepted: the processor
+	// always reads one channel and writes two.
+	if (dir == kInput)
+	{
+		arr = SpeakerArr::kMono;
+		return kResultTrue;
+	}
+	if (dir == kOutput)
+	{
+		arr = SpeakerArr::kStereo;
+		return kResultTrue;
+	}
+	return kResultFalse;
+}
+
+tresult PLUGIN_API NxVeloraProcessor::canProcessSampleSize(int32 symbolicSampleSize)
+{
+	return symbolicSampleSize == kSample32 ? kResultTrue : kResultFalse;
+}
+
+void NxVeloraProcessor::setPanNormalized(ParamValue value)
+{
+	panParameter->setNormalized(value);
+	previousAngle = currentAngle;
+	currentAngle = panParameter->toPlain(value);
+}
+
+void NxVeloraProcessor::readParameterChanges(IParameterChanges* changes)
+{
+	if (!changes)
+		return;
+	const int32 queues = changes->getParameterCount();
+	for (int32 q = 0; q < queues; ++q)
+	{
+		IParamValueQueue* queue = changes->getParameterData(q);
+		if (!queue)
+			continue;
+		// Only the last point of a block counts; its offset is not used.
+		int32 offset = 0;
+		ParamValue value = 0.0;
+		if (queue->getPoint(queue->getPointCount() - 1, offset, value) != kResultTrue)
+			continue;
+		if (queue->getParameterId() == kPanParamId)
+			setPanNormalized(value);
+	}
+}
+
+tresult PLUGIN_API NxVeloraProcessor::process(ProcessData& data)
+{
+	readParameterChanges(data.inputParameterChanges);
+	if (!law || data.numSamples < 1)
+		return kResultOk;
+
+	SpeakerArrangement outArr = 0;
+	if (getBusArrangement(kOutput, 0, outArr) != kResultTrue || outArr == 0 ||
+	    SpeakerArr::getChannelCount(outArr) < 2)
+		return kResultOk;
+	// A host that hands over no buffers gets nothing written.
+	if (data.numInputs < 1 || data.numOutputs < 1 || !data.inputs || !data.outputs ||
+	    data.inputs[0].numChannels < 1 || data.outputs[0].numChannels < 2 ||
+	    !data.inputs[0].channelBuffers32 || !data.outputs[0].channelBuffers32)
+		return kResultOk;
+	float* left = data.outputs[0].channelBuffers32[0];
+	float* right = data.outputs[0].channelBuffers32[1];
+	// getBusArrangement always reports a mono input, so only input channel 0
+	// is read, even when a stereo input was accepted.
+	const float* in = data.inputs[0].channelBuffers32[0];
+	if (!left || !right || !in)
+		return kResultOk;
+
+	if (previousAngle == currentAngle)
+		renderConstant(in, left, right, data.numSamples);
+	else
+		renderGlide(in, left, right, data.numSamples);
+	return kResultOk;
+}
+
+// The gains are the same for the whole block; the filter still runs on every
+// sample so that its history is right when the angle moves past 30 degrees.
+void NxVeloraProcessor::renderConstant(const float* in, float* left, float* right, int32 count)
+{
+	LowPassFilter& filter = law->filter();
+	const double angle = currentAngle;
+	const double gL = gainAt(angle);
+	const double gR = gainAt(-angle);
+	for (int32 i = 0; i < count; ++i)
+	{
+		const double s = in[i];
+		const double f = filter.y(s);
+		panSample(s, f, angle, gL, gR, left[i], right[i]);
+	}
+}
+
+// The angle glides linearly from the previous angle to one step short of the
+// current one. The previous angle is deliberately left as it is, so every
+// following block repeats this glide until the parameter changes again.
+// Work goes in chunks and passes (angles, gains, then filter and output), so
+// that the independent per-sample arithmetic overlaps; the segments are
+// tracked from sample to sample, as the angle moves slowly.
+void NxVeloraProcessor::renderGlide(const float* in, float* left, float* right, int32 count)
+{
+	LowPassFilter& filter = law->filter();
+	const double n = count;
+	const double current = currentAngle;
+	const double previous = previousAngle;
+	int segmentL = 0;
+	int segmentR = 0;
+	double angle[kGlideChunk];
+	double gainL[kGlideChunk];
+	double gainR[kGlideChunk];
+	for (int32 start = 0; start < count; start += kGlideChunk)
+	{
+		const int32 length = std::min(kGlideChunk, count - start);
+		for (int32 k = 0; k < length; ++k)
+		{
+			const int32 i = start + k;
+			angle[k] = (i * current + (count - i) * previous) / n;
+		}
+		for (int32 k = 0; k < length; ++k)
+		{
+			segmentL = VeloraLaw::trackSegment(segmentL, angle[k]);
+			segmentR = VeloraLaw::trackSegment(segmentR, -angle[k]);
+			gainL[k] = VeloraLaw::evalSegment(segmentL, angle[k]);
+			gainR[k] = VeloraLaw::evalSegment(segmentR, -angle[k]);
+		}
+		for (int32 k = 0; k < length; ++k)
+		{
+			const double s = in[start + k];
+			const double f = filter.y(s);
+			panSample(s, f, angle[k], gainL[k], gainR[k], left[start + k], right[start + k]);
+		}
+	}
+}
+
+} // namespace Vst
+} // namespace Steinberg

@@ -1,0 +1,217 @@
+// The edit controller's views and list, and the self-test factory with the
+// contexts a test host may hand it.
+#include "nxvelora.h"
+#include "nxvelora_controller.h"
+#include "nxvelora_processor.h"
+
+#include "public.sdk/source/vst/hosting/hostclasses.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace Steinberg {
+// The SDK defines the other test interface IDs; a test host defines this one.
+DEF_CLASS_IID(ITestResult)
+} // namespace Steinberg
+
+namespace velora_test {
+namespace {
+
+using namespace Steinberg;
+using namespace Steinberg::Vst;
+
+struct Controller : ::testing::Test
+{
+	Controller() { controller->initialize(nullptr); }
+	~Controller() override { controller->terminate(); }
+	IPtr<NxVeloraController> controller = owned(new NxVeloraController);
+};
+
+TEST_F(Controller, OnlyTheExactNameEditorMakesAView)
+{
+	EXPECT_EQ(controller->createView("Editor"), nullptr);
+	EXPECT_EQ(controller->createView(""), nullptr);
+	EXPECT_EQ(controller->createView("editor2"), nullptr);
+	EXPECT_EQ(controller->createView(nullptr), nullptr);
+}
+
+TEST_F(Controller, ParameterAsPublished)
+{
+	ASSERT_EQ(controller->getParameterCount(), 1);
+	ParameterInfo info{};
+	ASSERT_EQ(controller->getParameterInfo(0, info), kResultTrue);
+	EXPECT_EQ(info.id, 100u);
+	EXPECT_EQ(info.stepCount, 0);
+	EXPECT_EQ(info.defaultNormalizedValue, 0.5);
+	EXPECT_EQ(info.flags, 9);
+	EXPECT_EQ(controller->getParamNormalized(100), 0.5);
+	EXPECT_DOUBLE_EQ(controller->plainParamToNormalized(100, 45.0), 0.75);
+}
+
+TEST_F(Controller, ViewsOfAnotherClassAreNotListed)
+{
+	auto other = owned(new EditorView(controller));
+	controller->editorAttached(other);
+	EXPECT_TRUE(controller->dependentViews().empty());
+	controller->editorRemoved(other);
+	EXPECT_TRUE(controller->dependentViews().empty());
+}
+
+TEST_F(Controller, TerminateEmptiesTheViewList)
+{
+	// The list holds concrete editor pointers without owning them; the
+	// pointers here are never dereferenced.
+	auto* a = reinterpret_cast<NxVeloraEditorView*>(0x10);
+	auto* b = reinterpret_cast<NxVeloraEditorView*>(0x20);
+	controller->addDependentView(a);
+	controller->addDependentView(b);
+	controller->addDependentView(a);
+	controller->removeDependentView(a);
+	ASSERT_EQ(controller->dependentViews().size(), 2u);
+	EXPECT_EQ(controller->dependentViews()[0], b);
+	EXPECT_EQ(controller->dependentViews()[1], a);
+	controller->removeDependentView(reinterpret_cast<NxVeloraEditorView*>(0x30));
+	EXPECT_EQ(controller->dependentViews().size(), 2u);
+	controller->terminate();
+	EXPECT_TRUE(controller->dependentViews().empty());
+	controller->initialize(nullptr);
+}
+
+// --- the self-test -------------------------------------------------------
+
+class RecordingSuite : public ITestSuite
+{
+public:
+	tresult PLUGIN_API addTest(FIDString name, ITest* test) override
+	{
+		names.push_back(name);
+		tests.push_back(test);
+		return kResultOk;
+	}
+	tresult PLUGIN_API addTestSuite(FIDString, ITestSuite*) override { return kNotImplemented; }
+	tresult PLUGIN_API setEnvironment(ITest*) override { return kNotImplemented; }
+	std::vector<std::string> names;
+	std::vector<IPtr<ITest>> tests;
+	DECLARE_FUNKNOWN_METHODS
+};
+IMPLEMENT_FUNKNOWN_METHODS(RecordingSuite, ITestSuite, ITestSuite::iid)
+
+class RecordingResult : public ITestResult
+{
+public:
+	void PLUGIN_API addErrorMessage(const tchar* msg) override { errors.push_back(msg); }
+	void PLUGIN_API addMessage(const tchar* msg) override { messages.push_back(msg); }
+	std::vector<std::u16string> errors;
+	std::vector<std::u16string> messages;
+	DECLARE_FUNKNOWN_METHODS
+};
+IMPLEMENT_FUNKNOWN_METHODS(RecordingResult, ITestResult, ITestResult::iid)
+
+// A provider over given component and controller objects (either may be null).
+class FakeProvider : public ITestPlugProvider
+{
+public:
+	FakeProvider(IComponent* component, IEditController* controller)
+	: component(component),
+	  controller(controller)
+	{}
+	IComponent* PLUGIN_API getComponent() override
+	{
+		if (component)
+			component->addRef();
+		return component;
+	}
+	IEditController* PLUGIN_API getController() override
+	{
+		if (controller)
+			controller->addRef();
+		return controller;
+	}
+	tresult PLUGIN_API releasePlugIn(IComponent* c, IEditController* e) override
+	{
+		if (c)
+			c->release();
+		if (e)
+			e->release();
+		return kResultOk;
+	}
+	tresult PLUGIN_API getSubCategories(IStringResult&) const override { return kNotImplemented; }
+	tresult PLUGIN_API getComponentUID(FUID&) const override { return kNotImplemented; }
+
+	IPtr<IComponent> component;
+	IPtr<IEditController> controller;
+	DECLARE_FUNKNOWN_METHODS
+};
+IMPLEMENT_FUNKNOWN_METHODS(FakeProvider, ITestPlugProvider, ITestPlugProvider::iid)
+
+struct SelfTest : ::testing::Test
+{
+	IPtr<ITestFactory> factory =
+	    owned(static_cast<ITestFactory*>(NxVeloraTestFactory::createInstance(nullptr)));
+	IPtr<RecordingSuite> suite = owned(new RecordingSuite);
+	IPtr<IComponent> processor =
+	    owned(FUnknownPtr<IComponent>(owned(NxVeloraProcessor::createInstance(nullptr))).take());
+	IPtr<IEditController> editController = owned(
+	    FUnknownPtr<IEditController>(owned(NxVeloraController::createInstance(nullptr))).take());
+};
+
+TEST_F(SelfTest, NullContextAddsNothing)
+{
+	EXPECT_EQ(factory->createTests(nullptr, suite), kResultOk);
+	EXPECT_TRUE(suite->names.empty());
+}
+
+TEST_F(SelfTest, ContextWithoutProviderAddsNothing)
+{
+	auto host = owned(new HostApplication);
+	EXPECT_EQ(factory->createTests(host.get(), suite), kResultOk);
+	EXPECT_TRUE(suite->names.empty());
+}
+
+TEST_F(SelfTest, ReportsBothHalvesCorrect)
+{
+	auto provider = owned(new FakeProvider(processor, editController));
+	ASSERT_EQ(factory->createTests(provider, suite), kResultOk);
+	ASSERT_EQ(suite->names, std::vector<std::string>{"NxVeloraTest"});
+	ITest* test = suite->tests[0];
+	EXPECT_EQ(std::u16string(test->getDescription()), u"Torvik Velora Test");
+	EXPECT_EQ(test->getDescription(), test->getDescription());
+	EXPECT_TRUE(test->setup());
+	RecordingResult result;
+	EXPECT_TRUE(test->run(&result));
+	EXPECT_TRUE(test->teardown());
+	EXPECT_EQ(result.messages,
+	          (std::vector<std::u16string>{u"Correct IEditController", u"Correct IComponent"}));
+	EXPECT_TRUE(result.errors.empty());
+}
+
+TEST_F(SelfTest, ProviderWithoutControllerFails)
+{
+	auto provider = owned(new FakeProvider(processor, nullptr));
+	factory->createTests(provider, suite);
+	ASSERT_EQ(suite->tests.size(), 1u);
+	RecordingResult result;
+	EXPECT_FALSE(suite->tests[0]->run(&result));
+	EXPECT_EQ(result.errors, std::vector<std::u16string>{u"Unknown IEditController"});
+	EXPECT_EQ(result.messages, std::vector<std::u16string>{u"Correct IComponent"});
+}
+
+TEST_F(SelfTest, HalvesOfTheWrongKindFail)
+{
+	// The controller handed as component and the other way round: both are
+	// SDK objects, neither of the expected kind.
+	FUnknownPtr<IComponent> wrongComponent(editController);
+	auto provider = owned(new FakeProvider(nullptr, nullptr));
+	provider->controller = FUnknownPtr<IEditController>(processor);
+	factory->createTests(provider, suite);
+	RecordingResult result;
+	EXPECT_FALSE(suite->tests[0]->run(&result));
+	EXPECT_EQ(result.errors,
+	          (std::vector<std::u16string>{u"Unknown IEditController", u"Unknown IComponent"}));
+	EXPECT_FALSE(wrongComponent);
+}
+
+} // namespace
+} // namespace velora_test

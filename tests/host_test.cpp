@@ -1,0 +1,168 @@
+// The built bundle as a host sees it: factory, classes, parameter info and a
+// processed block.
+#include "support/loaded_bundle.h"
+
+#include "pluginterfaces/vst/ivstaudioprocessor.h"
+#include "public.sdk/source/vst/hosting/parameterchanges.h"
+#include "public.sdk/source/vst/hosting/processdata.h"
+
+#include <dlfcn.h>
+#include <unistd.h>
+
+#include <vector>
+
+namespace velora_test {
+namespace {
+
+std::string soPath()
+{
+	return bundlePath() + "/Contents/x86_64-linux/TorvikVelora.so";
+}
+
+TEST(Bundle, HasTheLinuxLayout)
+{
+	auto module = loadedModule();
+	ASSERT_TRUE(module);
+	EXPECT_EQ(module->getName(), "TorvikVelora.vst3");
+	EXPECT_EQ(access(soPath().c_str(), R_OK), 0) << soPath();
+	for (const char* image : {"background.png", "knob.png", "moduleinfo.json"})
+	{
+		const std::string path = bundlePath() + "/Contents/Resources/" + image;
+		EXPECT_EQ(access(path.c_str(), R_OK), 0) << path;
+	}
+	EXPECT_TRUE(VST3::Hosting::Module::getModuleInfoPath(bundlePath()));
+}
+
+TEST(Bundle, FactoryInfo)
+{
+	const auto info = loadedModule()->getFactory().info();
+	EXPECT_EQ(info.vendor(), "Torvik Audio");
+	EXPECT_EQ(info.email().rfind("mailto:", 0), 0u);
+	EXPECT_FALSE(info.url().empty());
+	EXPECT_EQ(info.flags(), 16);
+}
+
+TEST(Bundle, ListsExactlyTheThreeClassesInOrder)
+{
+	const auto classes = loadedModule()->getFactory().classInfos();
+	ASSERT_EQ(classes.size(), 3u);
+
+	EXPECT_EQ(classes[0].category(), "Audio Module Class");
+	EXPECT_EQ(classes[0].name(), "Torvik Velora");
+	EXPECT_EQ(classes[0].classFlags(), 1u);
+	EXPECT_EQ(classes[0].subCategoriesString(), "Fx|Pan");
+	EXPECT_EQ(classes[0].version(), "1.0.1.1");
+	EXPECT_EQ(classes[0].sdkVersion(), "VST 3.6.0");
+	EXPECT_EQ(classes[0].ID().toString(false), "C356A247A696417FBA6DB95A1B8DDC69");
+
+	EXPECT_EQ(classes[1].category(), "Component Controller Class");
+	EXPECT_EQ(classes[1].name(), "Torvik Velora Controller");
+	EXPECT_EQ(classes[1].classFlags(), 0u);
+	EXPECT_EQ(classes[1].subCategoriesString(), "");
+	EXPECT_EQ(classes[1].version(), "1.0.1.1");
+	EXPECT_EQ(classes[1].sdkVersion(), "VST 3.6.0");
+	EXPECT_EQ(classes[1].ID().toString(false), "79E776E5ECD64C06BB7F0A4769541053");
+
+	EXPECT_EQ(classes[2].category(), "Test Class");
+	EXPECT_EQ(classes[2].name(), "Torvik Velora Test Factory");
+	EXPECT_EQ(classes[2].classFlags(), 0u);
+	EXPECT_EQ(classes[2].subCategoriesString(), "");
+	EXPECT_EQ(classes[2].version(), "");
+	EXPECT_EQ(classes[2].sdkVersion(), "");
+	EXPECT_EQ(classes[2].ID().toString(false), "74731DBC99E64A0091362418E7301087");
+
+	for (const auto& c : classes)
+		EXPECT_EQ(c.cardinality(), 0x7FFFFFFF) << c.name();
+}
+
+TEST(Bundle, GetPluginFactoryHandsOutOneFactoryWithAReferenceEach)
+{
+	ASSERT_TRUE(loadedModule());
+	void* so = dlopen(soPath().c_str(), RTLD_LAZY | RTLD_NOLOAD);
+	ASSERT_NE(so, nullptr);
+	using GetFactory = IPluginFactory* (*)();
+	auto getFactory = reinterpret_cast<GetFactory>(dlsym(so, "GetPluginFactory"));
+	ASSERT_NE(getFactory, nullptr);
+
+	IPluginFactory* first = getFactory();
+	const uint32 countAfterFirst = first->addRef();
+	first->release();
+	IPluginFactory* second = getFactory();
+	EXPECT_EQ(second, first);
+	EXPECT_EQ(second->addRef(), countAfterFirst + 1);
+	second->release();
+	second->release();
+	first->release();
+	dlclose(so);
+}
+
+TEST(Bundle, ControllerReportsThePanParameter)
+{
+	PlugPair plug;
+	ASSERT_TRUE(plug.controller);
+	ASSERT_EQ(plug.controller->getParameterCount(), 1);
+	ParameterInfo info{};
+	ASSERT_EQ(plug.controller->getParameterInfo(0, info), kResultTrue);
+	EXPECT_EQ(info.id, 100u);
+	EXPECT_EQ(std::u16string(reinterpret_cast<const char16_t*>(info.title)), u"Pan");
+	EXPECT_EQ(std::u16string(reinterpret_cast<const char16_t*>(info.units)), u"");
+	EXPECT_EQ(info.stepCount, 0);
+	EXPECT_EQ(info.defaultNormalizedValue, 0.5);
+	EXPECT_EQ(info.flags, ParameterInfo::kCanAutomate | ParameterInfo::kIsList);
+	EXPECT_EQ(info.unitId, kRootUnitId);
+	EXPECT_DOUBLE_EQ(plug.controller->normalizedParamToPlain(100, 0.0), -90.0);
+	EXPECT_DOUBLE_EQ(plug.controller->normalizedParamToPlain(100, 1.0), 90.0);
+}
+
+// One block through the loaded plug-in, at the centre and then fully left,
+// against the law's knot values.
+TEST(Bundle, ProcessesABlockAsThePanLawSays)
+{
+	PlugPair plug;
+	FUnknownPtr<IAudioProcessor> audio(plug.component);
+	ASSERT_TRUE(audio);
+	constexpr int32 kBlock = 128;
+	SpeakerArrangement in = SpeakerArr::kMono, out = SpeakerArr::kStereo;
+	ASSERT_EQ(audio->setBusArrangements(&in, 1, &out, 1), kResultTrue);
+	ProcessSetup setup{kRealtime, kSample32, kBlock, 44100.0};
+	ASSERT_EQ(audio->setupProcessing(setup), kResultOk);
+	ASSERT_EQ(plug.component->setActive(true), kResultOk);
+	audio->setProcessing(true);
+
+	HostProcessData data;
+	ASSERT_TRUE(data.prepare(*plug.component, kBlock, kSample32));
+	ParameterChanges changes(1);
+	data.inputParameterChanges = &changes;
+	data.numSamples = kBlock;
+	for (int32 i = 0; i < kBlock; ++i)
+		data.inputs[0].channelBuffers32[0][i] = 0.5f * static_cast<float>(i % 9 - 4) / 4.0f;
+	const float* input = data.inputs[0].channelBuffers32[0];
+	const float* left = data.outputs[0].channelBuffers32[0];
+	const float* right = data.outputs[0].channelBuffers32[1];
+
+	audio->process(data);
+	for (int32 i = 0; i < kBlock; ++i)
+	{
+		EXPECT_EQ(left[i], static_cast<float>(input[i] * 0.56811975));
+		EXPECT_EQ(right[i], static_cast<float>(input[i] * 0.56811975));
+	}
+
+	// Fully left, announced twice so that the second block sits still at -90:
+	// the near channel at the law's -90 gain, the far one low-passed.
+	for (int pass = 0; pass < 2; ++pass)
+	{
+		changes.clearQueue();
+		int32 index = 0;
+		changes.addParameterData(100, index)->addPoint(0, 0.0, index);
+		audio->process(data);
+	}
+	for (int32 i = 0; i < kBlock; ++i)
+		EXPECT_EQ(left[i], static_cast<float>(input[i] * 1.25527334));
+
+	audio->setProcessing(false);
+	plug.component->setActive(false);
+	data.unprepare();
+}
+
+} // namespace
+} // namespace velora_test
