@@ -1,6 +1,7 @@
 #include "nxvelora_controller.h"
 
 #include "nxvelora_editor.h"
+#include "nxvelora_state.h"
 #include "pan_vstcommon.h"
 
 #include <algorithm>
@@ -31,8 +32,28 @@ tresult PLUGIN_API NxVeloraController::terminate()
 	return EditController::terminate();
 }
 
-tresult PLUGIN_API NxVeloraController::setComponentState(IBStream*)
+tresult PLUGIN_API NxVeloraController::setComponentState(IBStream* state)
 {
+	StateRecordReader reader;
+	if (!reader.open(state))
+		return kResultOk;
+	int32 count = 0;
+	if (reader.enterParameters(count))
+	{
+		// The count is the record's word: stop where its pairs run out.
+		for (int32 i = 0; i < count; ++i)
+		{
+			ParamID id = 0;
+			ParamValue value = 0.0;
+			const bool whole = reader.readPair(id, value);
+			if (Parameter* parameter = parameters.getParameter(id))
+				parameter->setNormalized(value);
+			if (!whole)
+				break;
+		}
+	}
+	reader.finish();
+	syncDependentViews();
 	return kResultOk;
 }
 
@@ -41,9 +62,25 @@ tresult PLUGIN_API NxVeloraController::setState(IBStream* state)
 	return setComponentState(state);
 }
 
-tresult PLUGIN_API NxVeloraController::getState(IBStream*)
+tresult PLUGIN_API NxVeloraController::getState(IBStream* state)
 {
+	ParameterValues values;
+	for (int32 i = 0; i < parameters.getParameterCount(); ++i)
+	{
+		Parameter* parameter = parameters.getParameterByIndex(i);
+		values.emplace_back(parameter->getInfo().id, parameter->getNormalized());
+	}
+	writeStateRecord(state, values);
 	return kResultOk;
+}
+
+// Open editors show a restored state. The list is copied: a view's update
+// reaches the host, which may attach or remove views meanwhile.
+void NxVeloraController::syncDependentViews()
+{
+	const std::vector<NxVeloraEditorView*> views = viewsArray;
+	for (NxVeloraEditorView* view : views)
+		view->syncView(&parameters);
 }
 
 IPlugView* PLUGIN_API NxVeloraController::createView(FIDString name)

@@ -34,6 +34,8 @@ public:
 	const std::vector<NxVeloraEditorView*>& dependentViews() const { return viewsArray; }
 
 private:
+	void syncDependentViews();
+
 	// The open editors, in the order they were attached; not owned.
 	std::vector<NxVeloraEditorView*> viewsArray;
 };

@@ -1,5 +1,6 @@
 #include "nxvelora_processor.h"
 
+#include "nxvelora_state.h"
 #include "pan_vstcommon.h"
 #include "pluginterfaces/vst/ivstparameterchanges.h"
 
@@ -87,13 +88,28 @@ tresult PLUGIN_API NxVeloraProcessor::setActive(TBool state)
 	return Component::setActive(state);
 }
 
-tresult PLUGIN_API NxVeloraProcessor::setState(IBStream*)
+// The processor takes the first pair of the record as the pan value; the
+// count and the ID are not checked. The next blocks glide to the new angle.
+tresult PLUGIN_API NxVeloraProcessor::setState(IBStream* state)
 {
+	StateRecordReader reader;
+	if (!reader.open(state))
+		return kResultOk;
+	int32 count = 0;
+	if (reader.enterParameters(count))
+	{
+		ParamID id = 0;
+		ParamValue value = 0.0;
+		reader.readPair(id, value);
+		setPanNormalized(value);
+	}
+	reader.finish();
 	return kResultOk;
 }
 
-tresult PLUGIN_API NxVeloraProcessor::getState(IBStream*)
+tresult PLUGIN_API NxVeloraProcessor::getState(IBStream* state)
 {
+	writeStateRecord(state, {{kPanParamId, panParameter->getNormalized()}});
 	return kResultOk;
 }
 
