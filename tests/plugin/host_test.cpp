@@ -3,9 +3,11 @@
 #include "support/loaded_bundle.h"
 
 #include "pluginterfaces/vst/ivstaudioprocessor.h"
+#include "public.sdk/source/common/memorystream.h"
 #include "public.sdk/source/vst/hosting/parameterchanges.h"
 #include "public.sdk/source/vst/hosting/processdata.h"
 
+#include <cstring>
 #include <dlfcn.h>
 #include <unistd.h>
 
@@ -162,6 +164,44 @@ TEST(Bundle, ProcessesABlockAsThePanLawSays)
 	audio->setProcessing(false);
 	plug.component->setActive(false);
 	data.unprepare();
+}
+
+// A host saving a project and opening it again: the processor's state goes
+// into fresh instances of both halves.
+TEST(Bundle, StateSurvivesFreshInstances)
+{
+	auto saved = owned(new MemoryStream);
+	{
+		PlugPair plug;
+		FUnknownPtr<IAudioProcessor> audio(plug.component);
+		ProcessSetup setup{kRealtime, kSample32, 32, 48000.0};
+		audio->setupProcessing(setup);
+		plug.component->setActive(true);
+		HostProcessData data;
+		data.prepare(*plug.component, 32, kSample32);
+		ParameterChanges changes(1);
+		int32 index = 0;
+		changes.addParameterData(100, index)->addPoint(0, 0.8, index);
+		data.inputParameterChanges = &changes;
+		data.numSamples = 32;
+		audio->process(data);
+		plug.component->setActive(false);
+		data.unprepare();
+		ASSERT_EQ(plug.component->getState(saved), kResultOk);
+	}
+	ASSERT_EQ(saved->getSize(), 110);
+
+	PlugPair fresh;
+	saved->seek(0, IBStream::kIBSeekSet, nullptr);
+	ASSERT_EQ(fresh.component->setState(saved), kResultOk);
+	saved->seek(0, IBStream::kIBSeekSet, nullptr);
+	ASSERT_EQ(fresh.controller->setComponentState(saved), kResultOk);
+	EXPECT_EQ(fresh.controller->getParamNormalized(100), 0.8);
+
+	auto again = owned(new MemoryStream);
+	ASSERT_EQ(fresh.component->getState(again), kResultOk);
+	ASSERT_EQ(again->getSize(), saved->getSize());
+	EXPECT_EQ(std::memcmp(again->getData(), saved->getData(), 110), 0);
 }
 
 } // namespace
