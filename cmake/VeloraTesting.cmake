@@ -8,7 +8,7 @@ find_package(GTest REQUIRED)
 include(GoogleTest)
 
 # velora_add_test(NAME SOURCES... [LIBS libs...] [SANITIZERS address|thread...]
-#                 [ENVIRONMENT VAR=value...])
+#                 [ENVIRONMENT VAR=value])
 # A GoogleTest program whose cases CTest runs one by one.
 function(velora_add_test name)
   cmake_parse_arguments(ARG "" "" "LIBS;SANITIZERS;ENVIRONMENT" ${ARGN})
@@ -18,6 +18,8 @@ function(velora_add_test name)
   add_executable(${name} ${ARG_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gtest_main velora_warnings)
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+  # The discovery script splits list values: one variable at most here;
+  # pass further values as compile definitions.
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST
     PROPERTIES ENVIRONMENT "${ARG_ENVIRONMENT}")
 endfunction()

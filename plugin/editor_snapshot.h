@@ -1,0 +1,21 @@
+// Renders the editor offscreen, without a window: VSTGUI draws the frame
+// into a cairo bitmap, which comes back as PNG bytes. Used by the picture
+// tool and by tests.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace Steinberg {
+namespace Vst {
+
+// Prepares VSTGUI for drawing outside a host: the module's initialisers run
+// and the editor's pictures are looked up in resourceDir.
+void initEditorGraphics(const std::string& resourceDir);
+void exitEditorGraphics();
+
+// The editor's picture for a pan angle in degrees, as PNG; empty on failure.
+std::vector<unsigned char> renderEditorPng(double degrees);
+
+} // namespace Vst
+} // namespace Steinberg
