@@ -1,0 +1,109 @@
+#include "render/render_runner.h"
+
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace velora_test {
+namespace {
+
+std::string tool()
+{
+	const char* path = std::getenv("VELORA_RENDER");
+	return path ? path : "";
+}
+
+std::string slurp(const std::string& path)
+{
+	std::ifstream in(path);
+	std::stringstream text;
+	text << in.rdbuf();
+	return text.str();
+}
+
+} // namespace
+
+void RenderTest::SetUp()
+{
+	ASSERT_FALSE(tool().empty()) << "VELORA_RENDER is not set";
+	const char* tmp = std::getenv("TMPDIR");
+	std::string pattern = std::string(tmp ? tmp : "/tmp") + "/velora-render-test.XXXXXX";
+	ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+	folder = pattern;
+}
+
+void RenderTest::TearDown()
+{
+	if (!folder.empty())
+		std::filesystem::remove_all(folder);
+}
+
+std::string RenderTest::path(const std::string& name) const
+{
+	return folder + "/" + name;
+}
+
+int RenderTest::start(const std::vector<std::string>& args) const
+{
+	const std::string program = tool();
+	std::vector<char*> argv;
+	argv.push_back(const_cast<char*>(program.c_str()));
+	for (const auto& a : args)
+		argv.push_back(const_cast<char*>(a.c_str()));
+	argv.push_back(nullptr);
+	const std::string outPath = folder + "/.stdout";
+	const std::string errPath = folder + "/.stderr";
+
+	const pid_t pid = fork();
+	if (pid == 0)
+	{
+		const int out = open(outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+		const int err = open(errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+		if (out < 0 || err < 0 || chdir(folder.c_str()) != 0)
+			_exit(127);
+		dup2(out, STDOUT_FILENO);
+		dup2(err, STDERR_FILENO);
+		execv(program.c_str(), argv.data());
+		_exit(127);
+	}
+	return pid;
+}
+
+RenderRun RenderTest::finish(int pid) const
+{
+	RenderRun run;
+	int status = 0;
+	struct rusage usage = {};
+	if (wait4(pid, &status, 0, &usage) != pid)
+		return run;
+	run.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+	run.maxRssKb = usage.ru_maxrss;
+	run.out = slurp(folder + "/.stdout");
+	run.err = slurp(folder + "/.stderr");
+	std::filesystem::remove(folder + "/.stdout");
+	std::filesystem::remove(folder + "/.stderr");
+	return run;
+}
+
+RenderRun RenderTest::render(const std::vector<std::string>& args) const
+{
+	return finish(start(args));
+}
+
+std::vector<std::string> RenderTest::folderContents() const
+{
+	std::vector<std::string> names;
+	for (const auto& entry : std::filesystem::directory_iterator(folder))
+		names.push_back(entry.path().filename().string());
+	std::sort(names.begin(), names.end());
+	return names;
+}
+
+} // namespace velora_test

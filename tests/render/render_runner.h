@@ -1,0 +1,39 @@
+// Runs the built velora-render (VELORA_RENDER) as a subprocess, as a user
+// does, in a scratch folder of its own per test.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace velora_test {
+
+struct RenderRun
+{
+	int status = -1;   // exit status, or 128 + signal
+	std::string out;   // standard output (the report)
+	std::string err;   // standard error (notices and errors)
+	long maxRssKb = 0; // the child's peak resident memory
+};
+
+class RenderTest : public ::testing::Test
+{
+protected:
+	void SetUp() override;
+	void TearDown() override;
+
+	// A path in the test's scratch folder.
+	std::string path(const std::string& name) const;
+	// Runs the tool with `args` in the scratch folder and waits for it.
+	RenderRun render(const std::vector<std::string>& args) const;
+	// Starts the tool without waiting; returns its process id.
+	int start(const std::vector<std::string>& args) const;
+	RenderRun finish(int pid) const;
+	// The names in the scratch folder, hidden ones included.
+	std::vector<std::string> folderContents() const;
+
+	std::string folder;
+};
+
+} // namespace velora_test
