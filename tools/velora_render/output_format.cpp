@@ -95,6 +95,15 @@ int bytesPerSample(int subtype)
 	}
 }
 
+// The extensions above, for messages.
+std::string knownOutputExtensions()
+{
+	std::string list;
+	for (const auto& c : kContainers)
+		list += (list.empty() ? "" : ", ") + std::string(c.extension);
+	return list;
+}
+
 bool canWrite(int format)
 {
 	SF_INFO info{};
@@ -162,11 +171,6 @@ OutputFormat formatForLength(const OutputFormat& format, std::int64_t frames)
 		throw runtimeError("the output would pass the 4 GiB limit of its format; write .caf, "
 		                   ".w64 or .rf64 instead");
 	return format;
-}
-
-const char* knownOutputExtensions()
-{
-	return "wav, rf64, w64, aiff, aif, caf, au, flac, ogg, oga, opus, mp3";
 }
 
 } // namespace velora_render

@@ -35,7 +35,4 @@ OutputFormat outputFormatFor(const std::string& path, Encoding encoding);
 // read); AIFF and AU that would pass theirs are a runtime failure.
 OutputFormat formatForLength(const OutputFormat& format, std::int64_t frames);
 
-// The extensions outputFormatFor knows, for messages and help.
-const char* knownOutputExtensions();
-
 } // namespace velora_render

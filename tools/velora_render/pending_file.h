@@ -21,7 +21,6 @@ public:
 
 	int descriptor() const { return fd; }
 	const std::string& target() const { return targetPath; }
-	const std::string& what() const { return role; }
 
 	// Writes all of `size` bytes at the current position.
 	void write(const void* data, std::size_t size);
