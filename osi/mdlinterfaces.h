@@ -1,0 +1,111 @@
+// The interfaces that cross module boundaries: reference-counted interface
+// objects, class descriptors, module instances and module handles, and the
+// four entries that every framework module exports. Objects behind these
+// interfaces are created and deleted by the module that owns their code.
+#pragma once
+
+class MdlInterface
+{
+public:
+	MdlInterface() = default;
+	MdlInterface(const MdlInterface&) = delete;
+	MdlInterface& operator=(const MdlInterface&) = delete;
+
+	// Takes a reference; the count starts at 1.
+	virtual void lock();
+	// Gives a reference back; true when the count has become exactly 0, and
+	// the holder then calls destroy().
+	virtual bool unlock();
+	virtual void destroy();
+	virtual const char* className() const = 0;
+	virtual int classVersion() const = 0;
+	virtual bool hasClassNameAndVersion(const char* name, int version) const;
+
+protected:
+	virtual ~MdlInterface() = default;
+
+private:
+	long volatile referenceCount = 1;
+};
+
+// Gives one reference on an interface object back, destroying it with the last.
+inline void mdlRelease(MdlInterface* object)
+{
+	if (object && object->unlock())
+		object->destroy();
+}
+
+// The descriptor of a class that can be created by name and version.
+class MdlClass
+{
+public:
+	virtual const char* className() const = 0;
+	virtual int classVersion() const = 0;
+	virtual const char* versionName() const = 0;
+	virtual bool isClass(const char* name, int version) const = 0;
+	virtual bool hasVersionName(const char* name) const = 0;
+	// A new object of the class (for interface classes: its interface
+	// pointer), which belongs to the caller; null when none can be made.
+	virtual void* create() const = 0;
+
+protected:
+	virtual ~MdlClass() = default;
+};
+
+// A loaded module as its loading module sees it.
+class MdlModuleInstance
+{
+public:
+	virtual void lock() = 0;
+	// True when the last reference went; the holder then calls destroy().
+	virtual bool unlock() = 0;
+	virtual void destroy() = 0;
+	virtual const char* moduleName() const = 0;
+	virtual const char* moduleID() const = 0;
+	// Creates from the registry of the module that loaded this one.
+	virtual void* createOnParent(const char* name, int version) const = 0;
+
+protected:
+	virtual ~MdlModuleInstance() = default;
+};
+
+// A handle on a module.
+class MdlModule
+{
+public:
+	virtual const char* moduleName() const = 0;
+	virtual const char* moduleID() const = 0;
+	virtual void* create(const char* name, int version) const = 0;
+	virtual bool isValid() const = 0;
+
+protected:
+	virtual ~MdlModule() = default;
+};
+
+// The entries of a module, by their exported names.
+using MdlCreateClassProc = void* (*)(const char* name, int version);
+using MdlRegisterModuleInstanceProc = void (*)(MdlModuleInstance* parent);
+using MdlRegisterModulePathProc = void (*)(const char* path);
+using MdlModuleIDProc = const char* (*)();
+
+struct MdlLocalHandlers
+{
+	MdlCreateClassProc createClass;
+	MdlRegisterModuleInstanceProc registerModuleInstance;
+	MdlRegisterModulePathProc registerModulePath;
+	MdlModuleIDProc moduleID;
+};
+
+// Names and paths crossing module boundaries fit buffers of this size.
+constexpr int MdlNameLength = 2048;
+
+#define MDL_EXPORT extern "C" __attribute__((visibility("default")))
+
+MDL_EXPORT void* MdlCreateClass(const char* name, int version);
+MDL_EXPORT void MdlRegisterModuleInstance(MdlModuleInstance* parent);
+MDL_EXPORT void MdlRegisterModulePath(const char* path);
+MDL_EXPORT const char* MdlModuleID();
+
+// Fills handlers with this module's own four entries (nothing for null), to
+// represent the running module without a dynamic load.
+void getLocalHandlers(MdlLocalHandlers* handlers);

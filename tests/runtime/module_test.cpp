@@ -1,0 +1,309 @@
+// Modules loaded for real through the dynamic loader: the test module built
+// beside this test, a library that is no module, a file that is no library,
+// and the plug-in bundle's own library.
+#include "runtime/test_probe.h"
+
+#include "osi/modregistry.h"
+#include "osi/module.h"
+#include "osi/protectedregistry.h"
+#include "osi/yieldhandler.h"
+
+#include <gtest/gtest.h>
+
+#include <dlfcn.h>
+#include <unistd.h>
+
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+const char* const testModule = VELORA_TEST_MODULE;
+
+std::string absolute(const char* path)
+{
+	char resolved[PATH_MAX];
+	return realpath(path, resolved) ? resolved : "";
+}
+
+bool isLoaded(const char* path)
+{
+	void* handle = dlopen(path, RTLD_LAZY | RTLD_NOLOAD);
+	if (handle)
+		dlclose(handle);
+	return handle != nullptr;
+}
+
+size_t occurrences(const std::string& text, const std::string& part)
+{
+	size_t count = 0;
+	for (size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+		++count;
+	return count;
+}
+
+// A probe created in the module; released when the test is done with it.
+struct ProbeOf
+{
+	explicit ProbeOf(const MdlModule& module)
+	: probe(static_cast<VeloraTestProbe*>(module.create("VeloraTestProbe", 1)))
+	{}
+	~ProbeOf() { mdlRelease(probe); }
+	VeloraTestProbe* operator->() const { return probe; }
+	VeloraTestProbe* probe;
+};
+
+TEST(Module, SamePathThroughTwoHandlesSharesOneInstance)
+{
+	testing::internal::CaptureStdout();
+	OsiModule first(testModule);
+	OsiModule second(testModule);
+	const std::string output = testing::internal::GetCapturedStdout();
+	ASSERT_TRUE(first.isValid());
+	ASSERT_TRUE(second.isValid());
+	EXPECT_EQ(first.moduleInstance(), second.moduleInstance());
+	EXPECT_EQ(first.moduleInstance()->referenceCount(), 2);
+	EXPECT_EQ(first.moduleName(), absolute(testModule));
+	EXPECT_STREQ(first.moduleID(), "");
+	const std::string loaded = "Module loaded. Module path is\n " + std::string(testModule) +
+	                           "\nAbsolute path is " + absolute(testModule) + "\n";
+	EXPECT_EQ(occurrences(output, loaded), 2u) << output;
+	EXPECT_EQ(occurrences(output, testModuleClosingText), 0u)
+	    << "the second opening of a loaded library closed nothing the library sees";
+
+	EXPECT_TRUE(first.free());
+	EXPECT_FALSE(first.isValid());
+	EXPECT_FALSE(first.free());
+	ASSERT_TRUE(second.isValid());
+	EXPECT_EQ(second.moduleInstance()->referenceCount(), 1);
+	ProbeOf probe(second);
+	ASSERT_NE(probe.probe, nullptr);
+	EXPECT_EQ(probe->registeredPath(), absolute(testModule));
+}
+
+TEST(Module, ARelativePathFindsTheSameInstance)
+{
+	OsiModule byAbsolutePath(absolute(testModule).c_str());
+	const std::string path = absolute(testModule);
+	const std::string directory = path.substr(0, path.rfind('/'));
+	char previous[PATH_MAX];
+	ASSERT_NE(getcwd(previous, sizeof previous), nullptr);
+	ASSERT_EQ(chdir(directory.c_str()), 0);
+	testing::internal::CaptureStdout();
+	OsiModule byRelativePath(("./" + path.substr(path.rfind('/') + 1)).c_str());
+	testing::internal::GetCapturedStdout();
+	ASSERT_EQ(chdir(previous), 0);
+	EXPECT_EQ(byAbsolutePath.moduleInstance(), byRelativePath.moduleInstance());
+}
+
+TEST(Module, LastReleaseSendsTheClosingNoticeAndClosesTheLibrary)
+{
+	testing::internal::CaptureStdout();
+	{
+		OsiModule first(testModule);
+		OsiModule second(testModule);
+		ASSERT_TRUE(isLoaded(testModule));
+		first.free();
+		EXPECT_EQ(testing::internal::GetCapturedStdout().find(testModuleClosingText),
+		          std::string::npos);
+		testing::internal::CaptureStdout();
+	}
+	const std::string output = testing::internal::GetCapturedStdout();
+	EXPECT_EQ(occurrences(output, testModuleClosingText), 1u) << output;
+	EXPECT_FALSE(isLoaded(testModule)) << "the library stayed open";
+}
+
+TEST(Module, ARejectedPathPrintsBothFailureMessages)
+{
+	char pattern[] = "/tmp/velora_not_a_library_XXXXXX";
+	const int fd = mkstemp(pattern);
+	ASSERT_GE(fd, 0);
+	ASSERT_EQ(write(fd, "plain text\n", 11), 11);
+	close(fd);
+	for (const char* path : {static_cast<const char*>(pattern), "/nonexistent/velora.so"})
+	{
+		testing::internal::CaptureStdout();
+		OsiModule module(path);
+		const std::string output = testing::internal::GetCapturedStdout();
+		EXPECT_EQ(output.find("dlopen() of " + std::string(path) + " failed: "), 0u) << output;
+		EXPECT_NE(output.find("\nModule load failed. Module path is\n " + std::string(path) + "\n"),
+		          std::string::npos)
+		    << output;
+		EXPECT_FALSE(module.isValid());
+		EXPECT_EQ(module.create("VeloraTestProbe", 1), nullptr);
+		EXPECT_STREQ(module.moduleID(), "");
+		EXPECT_EQ(module.moduleName(), nullptr);
+	}
+	std::remove(pattern);
+}
+
+TEST(Module, ALibraryWithoutTheEntriesIsNotAModule)
+{
+	testing::internal::CaptureStdout();
+	OsiModule module("libm.so.6");
+	EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+	EXPECT_FALSE(module.isValid());
+}
+
+// A class that only the test program (the parent) registers.
+class ParentMade : public MdlInterface
+{
+public:
+	const char* className() const override { return "ParentOnly"; }
+	int classVersion() const override { return 1; }
+};
+
+TEST(Module, TheChildCreatesClassesRegisteredInItsParent)
+{
+	OsiClassOf<ParentMade> parentOnly("ParentOnly", 1);
+	OsiModule module(testModule);
+	ProbeOf probe(module);
+	ASSERT_NE(probe.probe, nullptr);
+	EXPECT_TRUE(probe->hasParent());
+	auto* object = static_cast<MdlInterface*>(probe->createOnParent("ParentOnly", 1));
+	ASSERT_NE(object, nullptr);
+	EXPECT_STREQ(object->className(), "ParentOnly");
+	mdlRelease(object);
+	EXPECT_EQ(probe->createOnParent("ParentOnly", 2), nullptr);
+	// The parent sees none of the child's classes in its own registry.
+	EXPECT_EQ(OsiClassRegistry::create("VeloraTestProbe", 1), nullptr);
+}
+
+TEST(Module, TheModuleFindsItsOwnLoaderHandle)
+{
+	OsiModule module(testModule);
+	ProbeOf probe(module);
+	ASSERT_NE(probe.probe, nullptr);
+	EXPECT_EQ(probe->moduleHandle(), module.moduleInstance()->handle());
+	EXPECT_NE(handleInstance(), nullptr);
+	EXPECT_NE(handleInstance(), module.moduleInstance()->handle());
+}
+
+int yields = 0;
+
+void countYield()
+{
+	++yields;
+}
+
+TEST(Module, AYieldHandlerSetsTheYieldProcedureOfItsModule)
+{
+	OsiModule module(testModule);
+	auto* handler = static_cast<OsiYieldHandler*>(
+	    static_cast<MdlInterface*>(module.create("MdlYieldHandler", 1)));
+	ASSERT_NE(handler, nullptr);
+	EXPECT_STREQ(handler->className(), "MdlYieldProc");
+	EXPECT_EQ(handler->classVersion(), 1);
+	EXPECT_TRUE(handler->hasClassNameAndVersion("MdlYieldProc", 1));
+	EXPECT_TRUE(handler->hasClassNameAndVersion("MdlYieldProcedure", 1));
+	EXPECT_FALSE(handler->hasClassNameAndVersion("MdlYield", 1));
+	EXPECT_FALSE(handler->hasClassNameAndVersion("MdlYieldProc", 2));
+	EXPECT_EQ(module.moduleInstance()->referenceCount(), 2) << "the handler holds the instance";
+
+	yields = 0;
+	handler->setYieldProc(countYield);
+	EXPECT_EQ(handler->yieldProc(), &countYield);
+	ProbeOf probe(module);
+	probe->callYield();
+	EXPECT_EQ(yields, 1);
+	osiYield(); // this program's own procedure is another one, not set
+	EXPECT_EQ(yields, 1);
+	handler->setYieldProc(nullptr);
+	probe->callYield();
+	EXPECT_EQ(yields, 1);
+
+	mdlRelease(handler);
+	EXPECT_EQ(module.moduleInstance()->referenceCount(), 1);
+}
+
+TEST(Module, TheChildsRegistryIsReachableThroughAnInterfaceObject)
+{
+	OsiModule module(testModule);
+	auto* registry = static_cast<OsiProtectedClassRegistry*>(
+	    static_cast<MdlInterface*>(module.create("MdlClassRegistry", 1)));
+	ASSERT_NE(registry, nullptr);
+	EXPECT_STREQ(registry->className(), "MdlClassRegistry");
+	EXPECT_TRUE(registry->hasClassNameAndVersion("MdlClassRegistry", 1));
+	auto* probe = static_cast<VeloraTestProbe*>(registry->create("VeloraTestProbe", 1));
+	ASSERT_NE(probe, nullptr);
+	EXPECT_TRUE(probe->hasParent());
+	mdlRelease(probe);
+	const MdlClass* found = registry->forAllNamedClassesDo(
+	    "VeloraTestProbe", [](const MdlClass*, void*) { return true; }, nullptr);
+	ASSERT_NE(found, nullptr);
+	EXPECT_EQ(found->classVersion(), 1);
+	int classes = 0;
+	registry->forAllClassesDo(
+	    [](const MdlClass*, void* n) { return ++*static_cast<int*>(n), false; }, &classes);
+	EXPECT_EQ(classes, 4); // the probe, the closing notice, the registry, the yield handler
+	mdlRelease(registry);
+}
+
+TEST(Module, LocalHandlersStandForTheRunningModule)
+{
+	OsiClassOf<ParentMade> parentOnly("ParentOnly", 1);
+	MdlLocalHandlers handlers;
+	getLocalHandlers(&handlers);
+	getLocalHandlers(nullptr);
+	{
+		OsiModule self(nullptr, &handlers);
+		ASSERT_TRUE(self.isValid());
+		EXPECT_TRUE(self.moduleInstance()->isLocal());
+		EXPECT_STREQ(self.moduleName(), "");
+		auto* object = static_cast<MdlInterface*>(self.create("ParentOnly", 1));
+		ASSERT_NE(object, nullptr);
+		mdlRelease(object);
+		EXPECT_EQ(parentModuleInstance(), self.moduleInstance());
+		OsiModule again(nullptr, &handlers);
+		EXPECT_EQ(again.moduleInstance(), self.moduleInstance());
+	}
+	EXPECT_EQ(parentModuleInstance(), nullptr) << "a parent instance outlived its release";
+	EXPECT_FALSE(OsiParentModule().isValid());
+	EXPECT_EQ(OsiParentModule().create("ParentOnly", 1), nullptr);
+}
+
+TEST(Module, ConcurrentLoadsShareOneInstance)
+{
+	testing::internal::CaptureStdout();
+	std::vector<std::thread> threads;
+	for (int t = 0; t < 4; ++t)
+		threads.emplace_back([] {
+			for (int i = 0; i < 20; ++i)
+			{
+				OsiModule a(testModule);
+				OsiModule b(testModule);
+				EXPECT_EQ(a.moduleInstance(), b.moduleInstance());
+			}
+		});
+	for (std::thread& thread : threads)
+		thread.join();
+	testing::internal::GetCapturedStdout();
+	EXPECT_FALSE(isLoaded(testModule));
+}
+
+TEST(Module, ThePlugInBundleIsAFrameworkModule)
+{
+	const char* bundle = std::getenv("VELORA_BUNDLE_SO");
+	if (!bundle || !*bundle)
+		GTEST_SKIP() << "no plug-in bundle in this build";
+	testing::internal::CaptureStdout();
+	OsiModule module(bundle);
+	testing::internal::GetCapturedStdout();
+	ASSERT_TRUE(module.isValid());
+	EXPECT_EQ(module.moduleName(), absolute(bundle));
+	EXPECT_STREQ(module.moduleID(), "");
+	auto* registry = static_cast<MdlInterface*>(module.create("MdlClassRegistry", 1));
+	ASSERT_NE(registry, nullptr);
+	EXPECT_STREQ(registry->className(), "MdlClassRegistry");
+	mdlRelease(registry);
+	auto* handler = static_cast<MdlInterface*>(module.create("MdlYieldHandler", 1));
+	ASSERT_NE(handler, nullptr);
+	EXPECT_STREQ(handler->className(), "MdlYieldProc");
+	mdlRelease(handler);
+}
+
+} // namespace
