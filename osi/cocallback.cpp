@@ -32,9 +32,13 @@ void OsiCallbackInstance::link(const OsiCallbackInstance* member)
 
 void OsiCallbackInstance::unlink()
 {
-	// A walk now calling this member goes on from the member before it.
+	// A walk now calling this member goes on from the member before it, which
+	// takes over the walk's position should it be unlinked in turn.
 	if (cursor && *cursor == this)
+	{
 		*cursor = previous;
+		previous->cursor = cursor;
+	}
 	cursor = nullptr;
 	previous->next = next;
 	next->previous = previous;
@@ -51,9 +55,10 @@ bool OsiCallbackInstance::notify(void* message)
 			continue;
 		member->cursor = &current;
 		const bool claimed = member->callback(member->data, message);
-		// A member that unlinked itself has moved the walk and may be gone.
-		if (current == member)
-			member->cursor = nullptr;
+		// A member that unlinked itself has moved the walk back to a member
+		// still linked (and may be gone itself).
+		if (current->cursor == &current)
+			current->cursor = nullptr;
 		if (claimed)
 			return true;
 	}

@@ -13,6 +13,8 @@ using OsiYieldProc = void (*)();
 // Calls this module's yield procedure, if one is set.
 void osiYield();
 
+// A handler lives in the code of the module that made it: release it before
+// the last handle on that module.
 class OsiYieldHandler : public MdlInterface
 {
 public:

@@ -78,6 +78,40 @@ TEST(Callback, MemberThatUnlinksItselfDoesNotStopTheWalk)
 	EXPECT_EQ(log.calls, "CA");
 }
 
+struct Unlinker
+{
+	Log* log;
+	OsiCallbackInstance* self;
+	OsiCallbackInstance* other;
+};
+
+bool unlinkSelfThenOther(void* data, void*)
+{
+	auto* member = static_cast<Unlinker*>(data);
+	member->log->calls += 'U';
+	member->self->unlink();
+	member->other->unlink();
+	return false;
+}
+
+TEST(Callback, MemberThatUnlinksItselfAndTheOneBeforeItDoesNotStopTheWalk)
+{
+	Log log;
+	Member x{'X', &log}, d{'D', &log};
+	OsiCallbackInstance head, memberX(record, &x), memberD(record, &d);
+	Unlinker u{&log, nullptr, &memberX};
+	OsiCallbackInstance memberU(unlinkSelfThenOther, &u);
+	u.self = &memberU;
+	head.link(&memberD);
+	head.link(&memberU);
+	head.link(&memberX);
+	EXPECT_FALSE(head.notify(nullptr));
+	EXPECT_EQ(log.calls, "XUD");
+	log.calls.clear();
+	head.notify(nullptr);
+	EXPECT_EQ(log.calls, "D");
+}
+
 struct SelfDeleting
 {
 	Log* log;
