@@ -1,0 +1,162 @@
+#include "osi/osipiecewiselinearfitter.h"
+#include "osi/osisplinevector.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+// Knot abscissae when asked with a null y, data points otherwise.
+struct Source
+{
+	std::vector<double> knots;
+	std::vector<OsiPiecewiseLinearPoint> points;
+	int failAt = -1;
+
+	static bool callback(int index, double* x, double* y, void* user)
+	{
+		auto* s = static_cast<Source*>(user);
+		if (index == s->failAt && y)
+			return true;
+		if (!y)
+		{
+			*x = s->knots[index];
+			return false;
+		}
+		*x = s->points[index].x;
+		*y = s->points[index].y;
+		return false;
+	}
+};
+
+Source handWorkedCase()
+{
+	// Points before the first knot, at the last knot and beyond it count nowhere.
+	return Source{{0.0, 1.0, 2.0},
+	              {{1.0, 0.0},
+	               {2.0, 0.5},
+	               {3.0, 1.0},
+	               {2.0, 1.25},
+	               {1.0, 1.5},
+	               {0.0, 1.75},
+	               {100.0, 2.0},
+	               {-7.0, 5.0},
+	               {50.0, -1.0}}};
+}
+
+TEST(PiecewiseLinearFitter, SolvesTheNormalEquationsWithItsEliminationRule)
+{
+	// Interval 0 holds x = 0, 0.5 (beta 0, 1/2); interval 1 holds x = 1, 1.25,
+	// 1.5, 1.75 (beta 0, 1/4, 1/2, 3/4). Rows (diag, super, rhs):
+	//   row 0: A0 = 5/4, C0 = 1/4, D0 = 2
+	//   row 1: A1 + B1 = 15/8 + 1/4, C1 = 5/8, D1 + E1 = 5 + 1
+	//   row 2: B2 = 7/8, C1 = 5/8, E2 = 1
+	// Each diagonal loses the previous super-diagonal: row 1 (factor -1/5)
+	// becomes (15/8, 28/5), row 2 (factor -1/3) becomes (1/4, -13/15).
+	// Back substitution: Y2 = -52/15, Y1 = 932/225, Y0 = 868/1125.
+	// (Textbook elimination would give the least-squares line 1, 3, -1.)
+	Source source = handWorkedCase();
+	OsiPiecewiseLinearFitter fitter;
+	ASSERT_TRUE(
+	    fitter.initialise(3, static_cast<int>(source.points.size()), Source::callback, &source));
+	ASSERT_EQ(fitter.count(), 3);
+	EXPECT_NEAR(fitter.knots()[0].y, 868.0 / 1125, 1e-14);
+	EXPECT_NEAR(fitter.knots()[1].y, 932.0 / 225, 1e-14);
+	EXPECT_NEAR(fitter.knots()[2].y, -52.0 / 15, 1e-14);
+	EXPECT_EQ(fitter.knots()[1].x, 1.0);
+}
+
+TEST(PiecewiseLinearFitter, TheSumsOfTheNormalEquations)
+{
+	Source source = handWorkedCase();
+	OsiPiecewiseLinearFitter fitter(3, static_cast<int>(source.points.size()), Source::callback,
+	                                &source);
+	const OsiPiecewiseLinearPoint* p = source.points.data();
+	const int n = static_cast<int>(source.points.size());
+	EXPECT_DOUBLE_EQ(fitter.find_BetaX(1, {0.0, 1.25}), 0.25);
+	EXPECT_DOUBLE_EQ(fitter.find_Ain(0, p, n), 1.25);
+	EXPECT_DOUBLE_EQ(fitter.find_Cin(0, p, n), 0.25);
+	EXPECT_DOUBLE_EQ(fitter.find_Din(0, p, n), 2.0);
+	EXPECT_DOUBLE_EQ(fitter.find_Ain(1, p, n), 1.875);
+	EXPECT_DOUBLE_EQ(fitter.find_Cin(1, p, n), 0.625);
+	EXPECT_DOUBLE_EQ(fitter.find_Din(1, p, n), 5.0);
+	EXPECT_DOUBLE_EQ(fitter.find_Bjn(1, p, n), 0.25);
+	EXPECT_DOUBLE_EQ(fitter.find_Ejn(1, p, n), 1.0);
+	EXPECT_DOUBLE_EQ(fitter.find_Bjn(2, p, n), 0.875);
+	EXPECT_DOUBLE_EQ(fitter.find_Ejn(2, p, n), 1.0);
+}
+
+TEST(PiecewiseLinearFitter, TwoKnotsThroughALine)
+{
+	// One interval: row 0 (A0, C0, D0), row 1 (B1 - C0, E1 + factor D0).
+	// Points (0, 1), (1, 2), (2, 3) with knots 0 and 3: beta 0, 1/3, 2/3;
+	// A0 = 14/9, C0 = 4/9, D0 = 1 + 4/3 + 1 = 10/3, B1 = 5/9, E1 = 2/3 + 2 = 8/3.
+	// Row 1: factor -2/7, diag 5/9 - 4/9 = 1/9, rhs 8/3 - 20/21 = 12/7;
+	// Y1 = 108/7, Y0 = (10/3 - 4/9 * 108/7) / (14/9) = -111/49.
+	Source source{{0.0, 3.0}, {{1.0, 0.0}, {2.0, 1.0}, {3.0, 2.0}}};
+	OsiPiecewiseLinearFitter fitter(2, 3, Source::callback, &source);
+	ASSERT_EQ(fitter.count(), 2);
+	EXPECT_NEAR(fitter.knots()[0].y, -111.0 / 49, 1e-13);
+	EXPECT_NEAR(fitter.knots()[1].y, 108.0 / 7, 1e-13);
+}
+
+TEST(PiecewiseLinearFitter, RefusesTooFewKnotsOrPointsAndAFailingSource)
+{
+	Source source = handWorkedCase();
+	OsiPiecewiseLinearFitter fitter;
+	EXPECT_FALSE(fitter.initialise(1, 9, Source::callback, &source));
+	EXPECT_FALSE(fitter.initialise(3, 2, Source::callback, &source));
+	EXPECT_FALSE(fitter.initialise(3, 9, nullptr, &source));
+	ASSERT_TRUE(fitter.initialise(3, 9, Source::callback, &source));
+	source.failAt = 4;
+	EXPECT_FALSE(fitter.initialise(3, 9, Source::callback, &source));
+	EXPECT_EQ(fitter.count(), 0);
+	EXPECT_EQ(fitter.knots(), nullptr);
+}
+
+TEST(PiecewiseLinearFitter, TheSplineVectorFormAlwaysFails)
+{
+	// Its knot source refuses the null y with which knot abscissae are asked.
+	OsiSplineVector v(5);
+	for (int i = 0; i < 5; ++i)
+	{
+		v.abscissa()[i] = i;
+		v.ordinate()[i] = 2.0 * i;
+	}
+	OsiPiecewiseLinearFitter fitter;
+	EXPECT_FALSE(fitter.initialise(2, v));
+	EXPECT_EQ(fitter.count(), 0);
+	OsiPiecewiseLinearFitter constructed(2, v);
+	EXPECT_EQ(constructed.count(), 0);
+}
+
+TEST(PiecewiseLinearFitter, EvaluatesSegmentsAndExtendsTheEnds)
+{
+	Source source = handWorkedCase();
+	OsiPiecewiseLinearFitter fitter(3, 9, Source::callback, &source);
+	const double y0 = fitter.knots()[0].y;
+	const double y1 = fitter.knots()[1].y;
+	const double y2 = fitter.knots()[2].y;
+	OsiPiecewiseLinearContext context;
+	auto at = [&](double x) {
+		fitter.findContext(x, context);
+		return fitter.evaluateContext(x, context);
+	};
+	EXPECT_DOUBLE_EQ(at(0.25), y0 + 0.25 * (y1 - y0));
+	EXPECT_DOUBLE_EQ(at(1.0), y1);
+	EXPECT_EQ(context.index, 0);
+	EXPECT_DOUBLE_EQ(at(1.5), (y1 + y2) / 2);
+	EXPECT_DOUBLE_EQ(at(3.0), y2 + (y2 - y1));
+	EXPECT_EQ(context.index, 1);
+	EXPECT_DOUBLE_EQ(at(-1.0), y0 - (y1 - y0));
+	EXPECT_EQ(context.index, 0);
+	EXPECT_EQ(context.knot, fitter.knots());
+
+	OsiPiecewiseLinearFitter copy(fitter);
+	OsiPiecewiseLinearContext other;
+	copy.findContext(1.5, other);
+	EXPECT_DOUBLE_EQ(copy.evaluateContext(1.5, other), (y1 + y2) / 2);
+}
+
+} // namespace
