@@ -53,7 +53,7 @@ bool OsiFittedCubicSpline::initialise(OsiCubicSplineType splineType, int dataCou
 		return false;
 	if (knotCount < 1)
 		return true;
-	// Without knots there is nothing the minimiser could take.
+	// A knot that cannot be read leaves nothing to fit.
 	if (!readPoints(knotCount, knotCallback, knotUser, knotAbscissae, knotOrdinates))
 	{
 		free();
