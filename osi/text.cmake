@@ -1,0 +1,5 @@
+# Text, numbers and units: the framework's string, reading and printing
+# numbers with engineering suffixes, numeric text files, unit labels and
+# value formats.
+list(APPEND VELORA_OSI_SOURCES
+  ${CMAKE_CURRENT_LIST_DIR}/string_ext.cpp)
