@@ -126,6 +126,11 @@ bool OsiFileStream::seek(long long position)
 	return file && position >= 0 && fseeko(file, static_cast<off_t>(position), SEEK_SET) == 0;
 }
 
+bool OsiFileStream::seekEnd()
+{
+	return file && fseeko(file, 0, SEEK_END) == 0;
+}
+
 bool OsiFileStream::tell(long long& position)
 {
 	if (!file)

@@ -27,6 +27,16 @@ public:
 	bool isOpen() const { return file != nullptr; }
 	// The C file's error indicator.
 	bool error() const { return file && std::ferror(file) != 0; }
+	// The C file's end-of-file indicator: a read has reached the end.
+	bool endOfFile() const { return file && std::feof(file) != 0; }
+	// Clears both indicators.
+	void clearError()
+	{
+		if (file)
+			std::clearerr(file);
+	}
+	// The next byte without consuming it, or EOF.
+	int peek() { return file ? std::ungetc(std::getc(file), file) : EOF; }
 	FILE* handle() const { return file; }
 
 	// Reads a line of at most max characters, consuming its terminator (which
@@ -45,6 +55,7 @@ public:
 	bool readBytes(void* data, size_t size) override;
 	bool writeBytes(const void* data, size_t size) override;
 	bool seek(long long position) override;
+	bool seekEnd();
 	bool tell(long long& position) override;
 
 private:

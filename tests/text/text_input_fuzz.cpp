@@ -1,0 +1,131 @@
+// Arbitrary bytes as a typed number, as free text holding a number, as a
+// number to print, and as a numeric text file: the first line is the layout,
+// the rest the file's contents.
+#include "osi/osinumbertostring.h"
+#include "osi/osiparsenumber.h"
+#include "osi/osistringtonumber.h"
+#include "osi/ositextinput.h"
+
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+namespace {
+
+void check(bool condition, const char* what)
+{
+	if (!condition)
+	{
+		std::fprintf(stderr, "broken: %s\n", what);
+		std::abort();
+	}
+}
+
+const std::string& scratchFile()
+{
+	static const std::string path = [] {
+		char pattern[] = "/tmp/velora_text_fuzz_XXXXXX";
+		const int descriptor = mkstemp(pattern);
+		check(descriptor >= 0, "scratch file");
+		close(descriptor);
+		return std::string(pattern);
+	}();
+	return path;
+}
+
+void removeScratchFile()
+{
+	std::remove(scratchFile().c_str());
+}
+
+void fuzzNumbers(const std::string& text)
+{
+	OsiStringToNumber number(-1e6, 1e6);
+	number.convert(text.c_str());
+	check(number.errorMessage != nullptr, "a message");
+
+	OsiParseNumber parser;
+	const char* start = nullptr;
+	const char* end = nullptr;
+	const char* begin = text.c_str();
+	const char* stop = begin + std::strlen(begin);
+	if (parser.parse(begin, start, end))
+	{
+		check(start >= begin && start < stop, "number start inside the text");
+		check(end > start && end <= stop, "number end inside the text");
+		check(!parser.mantissa.empty(), "a mantissa");
+	}
+}
+
+void fuzzPrinting(const uint8_t* data, size_t size)
+{
+	if (size < sizeof(double) + 2)
+		return;
+	double value = 0;
+	std::memcpy(&value, data, sizeof value);
+	const int precision = int(int8_t(data[sizeof value]));
+	const int exponent = int(int8_t(data[sizeof value + 1]));
+	const OsiNumberToString number(data[0] & 1);
+	number.format(value, precision);
+	number.engineeringFormat(value, exponent, precision);
+	check(number.text().size() < 2000, "a short number");
+}
+
+void fuzzTextInput(const std::string& bytes)
+{
+	const size_t newline = bytes.find('\n');
+	if (newline == std::string::npos)
+		return;
+	const std::string layout = bytes.substr(0, newline);
+	std::FILE* file = std::fopen(scratchFile().c_str(), "wb");
+	check(file != nullptr, "scratch file writable");
+	std::fwrite(bytes.data() + newline + 1, 1, bytes.size() - newline - 1, file);
+	std::fclose(file);
+
+	OsiTextInput input;
+	if (!input.open(scratchFile().c_str(), layout.c_str()))
+		return;
+	check(input.fileLength() == static_cast<long long>(bytes.size() - newline - 1), "length");
+	OsiTextInputState middle;
+	double value = 0;
+	for (int i = 0; i < 2000 && input.read(value); ++i)
+	{
+		check(input.line() >= 1 && input.column() >= 1, "line and column");
+		if (i == 3)
+			middle = input.getState();
+	}
+	if (input.hasError())
+	{
+		const OsiTextInputState stopped = input.getState();
+		check(input.read() == 0, "nothing after an error");
+		check(input.getState().filePosition == stopped.filePosition, "no reading after an error");
+		check(input.errorMessage().compare(0, 27, "ERROR : Cannot convert data") == 0, "message");
+	}
+	input.setState(middle);
+	input.read();
+	input.range();
+	input.reset();
+	input.skipLines(int(bytes.size() % 5));
+	input.read();
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerInitialize(int*, char***)
+{
+	std::atexit(removeScratchFile);
+	return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
+{
+	const std::string bytes(reinterpret_cast<const char*>(data), size);
+	fuzzNumbers(bytes);
+	fuzzPrinting(data, size);
+	fuzzTextInput(bytes);
+	return 0;
+}
