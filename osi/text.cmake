@@ -8,4 +8,10 @@ list(APPEND VELORA_OSI_SOURCES
   ${CMAKE_CURRENT_LIST_DIR}/osinumbertostring.cpp
   ${CMAKE_CURRENT_LIST_DIR}/osiparsenumber.cpp
   ${CMAKE_CURRENT_LIST_DIR}/ositextinputrange.cpp
-  ${CMAKE_CURRENT_LIST_DIR}/ositextinput.cpp)
+  ${CMAKE_CURRENT_LIST_DIR}/ositextinput.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/osiunitlabel.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/osiunitlabellist.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/osicompositeunitlabel.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/osivalueformat.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/osilinearformat.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/osidecibelformat.cpp)
