@@ -78,14 +78,6 @@ struct Directive
 	char conversion = 0;
 };
 
-// A piece of the format: literal text, or a directive.
-struct Piece
-{
-	size_t literal = 0;
-	bool isDirective = false;
-	Directive directive;
-};
-
 size_t readNumber(const char*& p)
 {
 	size_t value = 0;
@@ -196,30 +188,29 @@ Length readLength(const char*& p)
 	}
 }
 
-// Splits the format into literal text and directives, numbering the
+// Splits the format into literal characters and directives, numbering the
 // arguments that each directive reads and recording their types.
 class FormatParser
 {
 public:
-	bool parse(const char* format, std::vector<Piece>& pieces, std::vector<ArgType>& types)
+	// False when an argument position is out of range.
+	bool parse(const char* format, std::vector<Directive>& directives, size_t& literal,
+	           std::vector<ArgType>& types)
 	{
 		this->types = &types;
+		literal = 0;
 		for (const char* p = format; *p;)
 		{
-			Piece piece;
 			if (*p != '%' || p[1] == '%')
 			{
-				piece.literal = 1;
+				++literal;
 				p += *p == '%' ? 2 : 1;
+				continue;
 			}
-			else
-			{
-				piece.isDirective = true;
-				++p;
-				if (!parseDirective(p, piece.directive))
-					return false;
-			}
-			pieces.push_back(piece);
+			++p;
+			directives.emplace_back();
+			if (!parseDirective(p, directives.back()))
+				return false;
 		}
 		return true;
 	}
@@ -345,15 +336,30 @@ void fetch(ArgType type, va_list* args, Arg& arg)
 	}
 }
 
-// Bounds the text of one directive once its arguments are known.
-class DirectiveBound
+// The sizes of the locale's thousands separator and decimal point.
+struct Punctuation
 {
-public:
-	DirectiveBound(const Directive& d, const std::vector<Arg>& args) : d(d), args(args)
+	Punctuation()
 	{
 		const lconv* locale = std::localeconv();
 		separator = std::strlen(locale->thousands_sep);
 		point = std::max<size_t>(std::strlen(locale->decimal_point), 1);
+	}
+
+	size_t separator;
+	size_t point;
+};
+
+// Bounds the text of one directive once its arguments are known.
+class DirectiveBound
+{
+public:
+	DirectiveBound(const Directive& d, const std::vector<Arg>& args, const Punctuation& punctuation)
+	: d(d),
+	  args(args),
+	  separator(punctuation.separator),
+	  point(punctuation.point)
+	{
 		digitBytes = d.localDigits ? MB_CUR_MAX : 1;
 		width = d.width;
 		if (d.widthArg >= 0)
@@ -490,8 +496,8 @@ private:
 
 	const Directive& d;
 	const std::vector<Arg>& args;
-	size_t separator = 0;
-	size_t point = 1;
+	size_t separator;
+	size_t point;
 	size_t digitBytes = 1;
 	size_t width = 0;
 	long long precision = -1;
@@ -503,27 +509,28 @@ template <> size_t string_ext<char>::formatLength(const char* format, va_list ar
 {
 	if (!format)
 		return 0;
-	std::vector<Piece> pieces;
-	std::vector<ArgType> types;
-	if (!FormatParser().parse(format, pieces, types))
+	// The walk's working storage, kept per thread so that formatting a short
+	// text allocates nothing but the text.
+	thread_local std::vector<Directive> directives;
+	thread_local std::vector<ArgType> types;
+	thread_local std::vector<Arg> values;
+	directives.clear();
+	types.clear();
+	size_t length = 0;
+	if (!FormatParser().parse(format, directives, length, types))
 		return kTooLong;
 
-	std::vector<Arg> values;
-	values.reserve(types.size());
+	values.assign(types.size(), Arg{});
 	va_list walk;
 	va_copy(walk, args);
-	for (const ArgType type : types)
-	{
-		values.emplace_back();
-		fetch(type, &walk, values.back());
-	}
+	for (size_t i = 0; i < types.size(); ++i)
+		fetch(types[i], &walk, values[i]);
 	va_end(walk);
 
-	size_t length = 0;
-	for (const Piece& piece : pieces)
+	const Punctuation punctuation;
+	for (const Directive& directive : directives)
 	{
-		length +=
-		    piece.isDirective ? DirectiveBound(piece.directive, values).bound() : piece.literal;
+		length += DirectiveBound(directive, values, punctuation).bound();
 		if (length >= kTooLong)
 			return kTooLong;
 	}
