@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <cstdio>
 #include <list>
+#include <thread>
 #include <vector>
 
 #if defined(__APPLE__)
@@ -15,6 +17,10 @@
 #endif
 
 namespace {
+
+// How long a worker that finished a run watches for the next one before it
+// sleeps: long enough for the dispatching thread to wake and hand one over.
+constexpr std::chrono::microseconds watchTime{200};
 
 // Text that workers finished, waiting for the thread that prints it.
 struct OutputList
@@ -269,8 +275,7 @@ unsigned int OsiThreadPool::run(void* argument, unsigned int)
 	bool closing = false;
 	while (!closing)
 	{
-		const bool woken = info.wakeUp->waitOnSemaphore(roundMilliseconds) == 0;
-		if (woken && info.body)
+		if (awaitRun(info))
 		{
 			info.body(info.data, info.index, info.number, info.stdOut);
 			closing = finishRun(info);
@@ -282,18 +287,44 @@ unsigned int OsiThreadPool::run(void* argument, unsigned int)
 	return 0;
 }
 
+// True when a run was handed over; false after a round without one.
+bool OsiThreadPool::awaitRun(OsiThreadPoolInfo& info)
+{
+	const auto watchEnd = std::chrono::steady_clock::now() + watchTime;
+	while (info.handOver.load() == OsiHandOver::watching &&
+	       std::chrono::steady_clock::now() < watchEnd)
+		std::this_thread::yield();
+	OsiHandOver expected = OsiHandOver::watching;
+	info.handOver.compare_exchange_strong(expected, OsiHandOver::sleeping);
+	if (expected == OsiHandOver::assigned)
+		return true;
+	// A run handed over just as the wait timed out leaves a unit behind; it
+	// only cuts the next wait short.
+	info.wakeUp->waitOnSemaphore(roundMilliseconds);
+	return info.handOver.load() == OsiHandOver::assigned;
+}
+
 bool OsiThreadPool::finishRun(OsiThreadPoolInfo& info)
 {
 	PoolState& state = pool();
-	PoolLock lock;
-	info.body = nullptr;
-	info.data = nullptr;
-	if (--state.outstanding == 0)
+	bool closing = false;
+	bool allDone = false;
+	{
+		PoolLock lock;
+		info.body = nullptr;
+		info.data = nullptr;
+		info.handOver.store(OsiHandOver::watching);
+		allDone = --state.outstanding == 0;
+		collect(info.stdOut, state.stdOut);
+		collect(info.stdErr, state.stdErr);
+		closing = state.closing;
+	}
+	// Signalled after the lock is given back, so that the woken thread does
+	// not go straight to sleep again on it.
+	if (allDone)
 		state.complete->signal(1);
-	collect(info.stdOut, state.stdOut);
-	collect(info.stdErr, state.stdErr);
 	state.free->signal(1);
-	return state.closing;
+	return closing;
 }
 
 bool OsiThreadPool::readCloseFlag()
@@ -316,17 +347,22 @@ void OsiThreadPool::addRun(void* data, OsiParallelBody body, int index)
 		return;
 	PoolState& state = pool();
 	state.free->waitOnSemaphore(OsdInfiniteWait);
-	PoolLock lock;
-	for (const auto& worker : state.workers)
+	OsiThreadPoolInfo* chosen = nullptr;
 	{
-		if (worker->body)
-			continue;
-		worker->data = data;
-		worker->body = body;
-		worker->index = index;
-		worker->wakeUp->signal(1);
-		return;
+		PoolLock lock;
+		for (const auto& worker : state.workers)
+		{
+			if (worker->body)
+				continue;
+			worker->data = data;
+			worker->body = body;
+			worker->index = index;
+			chosen = worker.get();
+			break;
+		}
 	}
+	if (chosen && chosen->handOver.exchange(OsiHandOver::assigned) == OsiHandOver::sleeping)
+		chosen->wakeUp->signal(1);
 }
 
 void OsiThreadPool::waitForCompletion()

@@ -358,13 +358,13 @@ TEST(KeepAlive, AnsweredPingsKeepThePeerAlive)
 	wire::LoopbackPair pair;
 	ASSERT_TRUE(pair.ok());
 	OsiIPCommsBase comms(true);
-	comms.setKeepAliveInterval(std::chrono::milliseconds(30));
+	comms.setKeepAliveInterval(std::chrono::milliseconds(100));
 	ASSERT_TRUE(comms.attachSocket(pair.takeNear(), false));
 
 	int pings = 0;
 	int id = 0, length = 0, remaining = 0;
 	void* data = nullptr;
-	const auto end = Clock::now() + std::chrono::milliseconds(400);
+	const auto end = Clock::now() + std::chrono::milliseconds(650);
 	while (Clock::now() < end && !comms.isPeerClosed())
 	{
 		comms.receive(id, length, data, remaining);

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <signal.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <chrono>
@@ -21,6 +22,20 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 const char* const echoProgram = VELORA_ECHO_SERVICE;
+
+// Every test process starts its port search at the same number, so test
+// processes running side by side would pick the same ports and connect to
+// each other's services; each starts somewhere else instead.
+class SpreadPorts : public testing::Environment
+{
+public:
+	void SetUp() override
+	{
+		OsiService::NextPort = static_cast<std::uint16_t>(20000 + (getpid() * 7919L) % 30000);
+	}
+};
+
+const testing::Environment* const spreadPorts = testing::AddGlobalTestEnvironment(new SpreadPorts);
 
 struct Received
 {
@@ -192,8 +207,9 @@ TEST(Service, AnAnsweringServiceStaysAliveAcrossKeepAliveChecks)
 {
 	OsiService service(echoProgram, false);
 	ASSERT_TRUE(service.isConnected());
-	service.setKeepAliveInterval(std::chrono::milliseconds(30));
-	const auto end = Clock::now() + std::chrono::milliseconds(400);
+	// Several checks, each with time for a busy machine to answer.
+	service.setKeepAliveInterval(std::chrono::milliseconds(200));
+	const auto end = Clock::now() + std::chrono::milliseconds(900);
 	while (Clock::now() < end)
 	{
 		service.processNotifications();
@@ -295,11 +311,12 @@ TEST(FindPort, RefusesANullOrMalformedAddress)
 
 TEST(FindPort, NeverHandsOutPortZeroOrTheFailureValue)
 {
+	const std::uint16_t next = OsiService::NextPort.load();
 	OsiService::NextPort = 65534;
 	const unsigned short port = OsiService::findPort("127.0.0.1");
 	EXPECT_NE(port, 0);
 	EXPECT_TRUE(port == 65534 || port == OsiService::noPort || (port >= 1 && port < 100)) << port;
-	OsiService::NextPort = 27015;
+	OsiService::NextPort = next;
 }
 
 // --- the provider's side ---------------------------------------------------------
