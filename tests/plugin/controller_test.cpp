@@ -84,7 +84,7 @@ TEST_F(Controller, TerminateEmptiesTheViewList)
 class RecordingSuite : public ITestSuite
 {
 public:
-	tresult PLUGIN_API addTest(FIDString name, ITest* test) override
+	RecordingSuite(){FUNKNOWN_CTOR} tresult PLUGIN_API addTest(FIDString name, ITest* test) override
 	{
 		names.push_back(name);
 		tests.push_back(test);
@@ -101,6 +101,7 @@ IMPLEMENT_FUNKNOWN_METHODS(RecordingSuite, ITestSuite, ITestSuite::iid)
 class RecordingResult : public ITestResult
 {
 public:
+	RecordingResult() { FUNKNOWN_CTOR }
 	void PLUGIN_API addErrorMessage(const tchar* msg) override { errors.push_back(msg); }
 	void PLUGIN_API addMessage(const tchar* msg) override { messages.push_back(msg); }
 	std::vector<std::u16string> errors;
@@ -115,9 +116,7 @@ class FakeProvider : public ITestPlugProvider
 public:
 	FakeProvider(IComponent* component, IEditController* controller)
 	: component(component),
-	  controller(controller)
-	{}
-	IComponent* PLUGIN_API getComponent() override
+	  controller(controller){FUNKNOWN_CTOR} IComponent * PLUGIN_API getComponent() override
 	{
 		if (component)
 			component->addRef();

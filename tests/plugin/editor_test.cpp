@@ -26,7 +26,10 @@ using namespace Steinberg::Vst;
 class RecordingHandler : public IComponentHandler
 {
 public:
-	tresult PLUGIN_API beginEdit(ParamID id) override { return note("begin", id, 0); }
+	RecordingHandler(){FUNKNOWN_CTOR} tresult PLUGIN_API beginEdit(ParamID id) override
+	{
+		return note("begin", id, 0);
+	}
 	tresult PLUGIN_API performEdit(ParamID id, ParamValue v) override
 	{
 		return note("perform", id, v);

@@ -9,9 +9,11 @@
 
 #include <X11/Xlib.h>
 #include <cairo.h>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -62,6 +64,11 @@ private:
 		server = fork();
 		if (server == 0)
 		{
+			// Not holding the test's output open, and gone if the test dies.
+			prctl(PR_SET_PDEATHSIG, SIGTERM);
+			const int quiet = open("/dev/null", O_WRONLY);
+			dup2(quiet, STDOUT_FILENO);
+			dup2(quiet, STDERR_FILENO);
 			execlp("Xvfb", "Xvfb", name.c_str(), "-screen", "0", "640x480x24", "-nolisten", "tcp",
 			       static_cast<char*>(nullptr));
 			_exit(127);
@@ -85,7 +92,8 @@ const auto* virtualDisplay = ::testing::AddGlobalTestEnvironment(new VirtualDisp
 class HostFrame : public IPlugFrame, public Linux::IRunLoop
 {
 public:
-	tresult PLUGIN_API resizeView(IPlugView* view, ViewRect* newSize) override
+	HostFrame(){FUNKNOWN_CTOR} tresult PLUGIN_API
+	    resizeView(IPlugView* view, ViewRect* newSize) override
 	{
 		resized = true;
 		return view->onSize(newSize);

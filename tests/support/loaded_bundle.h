@@ -47,12 +47,19 @@ inline VST3::Hosting::ClassInfo classInfo(const std::string& category)
 	return {};
 }
 
+// The host application object, one for the whole session as a host keeps it.
+inline HostApplication* hostApplication()
+{
+	static IPtr<HostApplication> host = owned(new HostApplication);
+	return host;
+}
+
 // A processor and controller pair made and connected by the SDK's plug provider.
 struct PlugPair
 {
 	PlugPair()
 	{
-		PluginContextFactory::instance().setPluginContext(host);
+		PluginContextFactory::instance().setPluginContext(hostApplication());
 		provider =
 		    owned(new PlugProvider(loadedModule()->getFactory(), classInfo(kVstAudioEffectClass)));
 		if (!provider->initialize())
@@ -61,7 +68,6 @@ struct PlugPair
 		controller = owned(provider->getController());
 	}
 
-	IPtr<HostApplication> host = owned(new HostApplication);
 	IPtr<PlugProvider> provider;
 	IPtr<IComponent> component;
 	IPtr<IEditController> controller;
