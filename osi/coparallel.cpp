@@ -38,24 +38,27 @@ private:
 	const bool poolOpen;
 };
 
-template <typename Indices>
-void runSerially(void* data, OsiParallelBody body, const Indices& indices)
-{
-	for (long long position = 0; position < indices.size(); ++position)
-	{
-		body(data, indices[position], 0, OsiThreadPool::serialisedStdOut());
-		OsiThreadPool::flushSerialised();
-	}
-}
-
-// A worker already runs a body of an outer loop: waiting for other workers
-// could wait for itself, so the inner loop runs right here.
+// A worker already runs a body of an outer loop: an inner loop runs right
+// here, in order, with the worker's number and output (waiting for other
+// workers could mean waiting for itself).
 template <typename Indices>
 void runOnWorker(void* data, OsiParallelBody body, const Indices& indices,
                  OsiThreadPoolInfo& worker)
 {
 	for (long long position = 0; position < indices.size(); ++position)
 		body(data, indices[position], worker.number, worker.stdOut);
+}
+
+template <typename Indices>
+void runSerially(void* data, OsiParallelBody body, const Indices& indices)
+{
+	if (OsiThreadPoolInfo* worker = OsiThreadPool::callingWorker())
+		return runOnWorker(data, body, indices, *worker);
+	for (long long position = 0; position < indices.size(); ++position)
+	{
+		body(data, indices[position], 0, OsiThreadPool::serialisedStdOut());
+		OsiThreadPool::flushSerialised();
+	}
 }
 
 template <typename Indices> void runOnPool(void* data, OsiParallelBody body, const Indices& indices)

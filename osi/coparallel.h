@@ -1,7 +1,8 @@
 // Parallel loops on the process-wide thread pool: one run per index, bodies on
 // the pool's workers while the calling thread waits and prints what they
-// wrote. A loop started from inside a body of another one runs its indices on
-// that body's worker, in order, so nested loops never wait for each other.
+// wrote. A loop started from inside a body of another one (serial or not) runs
+// its indices on that body's worker, in order, with the worker's number and
+// output, so nested loops never wait for each other.
 #pragma once
 
 #include "osi/cothreadpool.h"

@@ -165,6 +165,40 @@ TEST_F(PoolOutput, OnlyWorkersAndTheMainThreadMayWrite)
 	EXPECT_EQ(collectedErr, std::vector<std::string>{"main error\n"});
 }
 
+struct InnerSerial
+{
+	int outerIndex;
+	int outerThread;
+	std::atomic<int>* wrongThread;
+};
+
+void writeInner(void* data, int index, int threadIndex, string_ext<char>& out)
+{
+	const InnerSerial& inner = *static_cast<const InnerSerial*>(data);
+	if (threadIndex != inner.outerThread)
+		inner.wrongThread->fetch_add(1);
+	out += lineOf(inner.outerIndex, std::to_string(index).c_str());
+}
+
+void runInnerSerialLoop(void* data, int index, int threadIndex, string_ext<char>&)
+{
+	InnerSerial inner{index, threadIndex, static_cast<std::atomic<int>*>(data)};
+	parallelFor(&inner, writeInner, 0, 3, true);
+}
+
+TEST_F(PoolOutput, ASerialLoopInsideABodyWritesToItsWorkersOutput)
+{
+	std::atomic<int> wrongThread{0};
+	parallelFor(&wrongThread, runInnerSerialLoop, 0, 40, false);
+	EXPECT_EQ(wrongThread.load(), 0) << "an inner serial loop lost its worker's number";
+	std::map<std::string, int> seen;
+	for (const std::string& text : collectedOut)
+		++seen[text];
+	ASSERT_EQ(seen.size(), 40u);
+	for (int index = 0; index < 40; ++index)
+		EXPECT_EQ(seen[lineOf(index, "0") + lineOf(index, "1") + lineOf(index, "2")], 1);
+}
+
 // The second run ends only once the first run's text has been handed out, so
 // the loop finishes only if the waiting thread prints while runs are going on.
 std::atomic<bool> firstArrived{false};
