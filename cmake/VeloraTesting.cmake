@@ -26,7 +26,7 @@ endfunction()
 
 # velora_add_fuzzer(NAME SOURCES... [LIBS libs...] [SECONDS n] [SEEDS dir])
 # A libFuzzer target (address build only), with a bounded fuzz run as a CTest
-# test. The run starts from the seed files in SEEDS, if given.
+# test. The run starts from the files in the SEEDS folder, if given.
 function(velora_add_fuzzer name)
   cmake_parse_arguments(ARG "" "SECONDS;SEEDS" "LIBS" ${ARGN})
   if(NOT VELORA_SANITIZE STREQUAL "address")

@@ -233,6 +233,10 @@ bool TypedStream::readSizeofHeader()
 			return false;
 		read[kSizedTypes - 1] = kOldSignedWordSize;
 	}
+	// A type stored in no bytes at all would let a reader go round without
+	// ever moving through the data.
+	if (std::find(read, read + kSizedTypes, 0) != read + kSizedTypes)
+		return false;
 	integerSwap = flags[0];
 	floatSwap = flags[1];
 	std::memcpy(sizes, read, sizeof(sizes));

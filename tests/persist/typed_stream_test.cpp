@@ -121,12 +121,17 @@ TEST(TypedStream, OlderHeaderHasElevenSizesAndAFourByteSignedWord)
 	EXPECT_EQ(word, -7);
 }
 
-TEST(TypedStream, HeaderOfAnUnknownVersionIsRefused)
+TEST(TypedStream, HeaderOfAnUnknownVersionOrAZeroSizeIsRefused)
 {
 	ByteImage image;
 	image.bytes({0xFF, 0x02, 0, 0});
 	Reader r(image);
 	EXPECT_FALSE(r.stream.readSizeofHeader());
+
+	ByteImage zero;
+	zero.sizeHeader(0, 0, sizesWith(8, 0));
+	Reader z(zero);
+	EXPECT_FALSE(z.stream.readSizeofHeader());
 }
 
 TEST(TypedStream, RawTypesAndBadArguments)

@@ -156,60 +156,63 @@ struct Directive
 Directive makeDirective(FormatGenerator& g, bool starsAllowed, bool& starWidth, bool& starPrecision)
 {
 	Directive d;
-	std::string spec = "%" + g.flags();
+	std::string directive = "%" + g.flags();
 	starWidth = starsAllowed && g.chance(20);
 	if (starWidth)
-		spec += "*";
+		directive += "*";
 	else if (g.chance(50))
-		spec += g.number();
+		directive += g.number();
 	starPrecision = starsAllowed && g.chance(20);
 	if (starPrecision)
-		spec += ".*";
+		directive += ".*";
 	else if (g.chance(50))
-		spec += "." + (g.chance(20) ? std::string() : g.number());
+		directive += "." + (g.chance(20) ? std::string() : g.number());
 
 	const char* integers = "diouxXbB";
 	switch (g.pick(9))
 	{
 	case 0:
-		spec += std::string(g.chance(50) ? "" : g.chance(50) ? "h" : "hh") + g.oneOf(integers);
+		directive += std::string(g.chance(50) ? "" : g.chance(50) ? "h" : "hh") + g.oneOf(integers);
 		d.value = g.integer();
 		break;
 	case 1:
-		spec += std::string(1, g.oneOf("ljzt")) + g.oneOf(integers);
+		directive += std::string(1, g.oneOf("ljzt")) + g.oneOf(integers);
 		d.value = long(g.longInteger());
 		break;
 	case 2:
-		spec += std::string(g.chance(50) ? "ll" : g.chance(50) ? "L" : "q") + g.oneOf(integers);
+		directive += std::string(g.chance(50)   ? "ll"
+		                         : g.chance(50) ? "L"
+		                                        : "q") +
+		             g.oneOf(integers);
 		d.value = g.longInteger();
 		break;
 	case 3:
-		spec += std::string(g.chance(80) ? "" : "l") + g.oneOf("fFeEgGaA");
+		directive += std::string(g.chance(80) ? "" : "l") + g.oneOf("fFeEgGaA");
 		d.value = g.real();
 		break;
 	case 4:
-		spec += std::string(g.chance(80) ? "L" : "ll") + g.oneOf("fFeEgGaA");
+		directive += std::string(g.chance(80) ? "L" : "ll") + g.oneOf("fFeEgGaA");
 		d.value = g.longReal();
 		break;
 	case 5:
-		spec += "s";
+		directive += "s";
 		d.value = g.text();
 		break;
 	case 6:
-		spec += "p";
+		directive += "p";
 		d.value = g.chance(20) ? nullptr : reinterpret_cast<void*>(g.random());
 		break;
 	case 7:
-		spec += g.chance(50) ? "c" : "hhc";
+		directive += g.chance(50) ? "c" : "hhc";
 		d.value = int(g.pick(255) + 1);
 		break;
 	default:
 		// No value: %m, or an unknown conversion, which is printed back.
-		spec += g.chance(30) ? 'm' : g.oneOf("krvwyKRVWYHQU!&/");
+		directive += g.chance(30) ? 'm' : g.oneOf("krvwyKRVWYHQU!&/");
 		d.hasValue = false;
 		break;
 	}
-	d.text = spec;
+	d.text = directive;
 	return d;
 }
 
