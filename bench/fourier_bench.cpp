@@ -4,6 +4,8 @@
 // the same work; the ratio of the times is printed at the end (goal: at most 3).
 #include "osi/osifourier.h"
 
+#include "time_reporter.h"
+
 #include <benchmark/benchmark.h>
 #include <fftw3.h>
 
@@ -15,8 +17,6 @@
 namespace {
 
 const int kSizes[] = {1024, 4096, 65536};
-
-std::map<std::string, double> nanoseconds;
 
 void fillRandom(double* re, double* im, int stride, int n)
 {
@@ -65,20 +65,6 @@ void BM_Fftw(benchmark::State& state, int n)
 	fftw_free(data);
 }
 
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-	void ReportRuns(const std::vector<Run>& runs) override
-	{
-		for (const auto& run : runs)
-		{
-			if (run.run_type == Run::RT_Iteration)
-				nanoseconds[run.benchmark_name()] = run.GetAdjustedRealTime();
-		}
-		ConsoleReporter::ReportRuns(runs);
-	}
-};
-
 std::string name(const char* what, int n)
 {
 	return std::string(what) + "/" + std::to_string(n);
@@ -94,13 +80,13 @@ int main(int argc, char** argv)
 		benchmark::RegisterBenchmark(name("fftw_estimate", n).c_str(), BM_Fftw, n);
 	}
 	benchmark::Initialize(&argc, argv);
-	RatioReporter reporter;
+	TimeReporter reporter;
 	benchmark::RunSpecifiedBenchmarks(&reporter);
 	std::printf("\nOsiFourier time / FFTW time (forward + inverse):\n");
 	for (int n : kSizes)
 	{
-		const double ours = nanoseconds[name("osi_fourier", n)];
-		const double fftw = nanoseconds[name("fftw_estimate", n)];
+		const double ours = reporter.nanoseconds(name("osi_fourier", n));
+		const double fftw = reporter.nanoseconds(name("fftw_estimate", n));
 		if (fftw > 0)
 			std::printf("  %6d points  %5.2fx  (%.1f vs %.1f us)\n", n, ours / fftw, ours / 1e3,
 			            fftw / 1e3);

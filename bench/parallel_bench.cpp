@@ -7,6 +7,8 @@
 // times; the table takes the fastest.
 #include "osi/coparallel.h"
 
+#include "time_reporter.h"
+
 #include <benchmark/benchmark.h>
 #include <omp.h>
 
@@ -22,7 +24,6 @@ constexpr int kSerialWorkMicroseconds = 40000;
 constexpr int kCostIndices = 20000;
 constexpr int kRepetitions = 5;
 
-std::map<std::string, double> nanoseconds;
 double iterationsPerMicrosecond = 0;
 
 double spin(long iterations)
@@ -122,25 +123,6 @@ void BM_OpenMPEmpty(benchmark::State& state)
 	}
 }
 
-class TimeReporter : public benchmark::ConsoleReporter
-{
-public:
-	void ReportRuns(const std::vector<Run>& runs) override
-	{
-		for (const auto& run : runs)
-		{
-			if (run.run_type != Run::RT_Iteration)
-				continue;
-			// The fastest repetition: the one least disturbed by other work.
-			double& best = nanoseconds[run.benchmark_name()];
-			const double time = run.GetAdjustedRealTime();
-			if (best == 0 || time < best)
-				best = time;
-		}
-		ConsoleReporter::ReportRuns(runs);
-	}
-};
-
 void repeated(benchmark::internal::Benchmark* benchmark)
 {
 	benchmark->UseRealTime()->Repetitions(kRepetitions);
@@ -151,10 +133,13 @@ std::string name(const char* what, int microseconds)
 	return std::string(what) + "/" + std::to_string(microseconds) + "us";
 }
 
+TimeReporter reporter;
+
 double measured(const std::string& benchmarkName)
 {
 	// The reported name carries the repetitions and the real-time suffix.
-	return nanoseconds[benchmarkName + "/repeats:" + std::to_string(kRepetitions) + "/real_time"];
+	return reporter.nanoseconds(benchmarkName + "/repeats:" + std::to_string(kRepetitions) +
+	                            "/real_time");
 }
 
 void printTable()
@@ -202,7 +187,6 @@ int main(int argc, char** argv)
 	repeated(benchmark::RegisterBenchmark("pool_empty_body", BM_PoolEmpty));
 	repeated(benchmark::RegisterBenchmark("openmp_empty_body", BM_OpenMPEmpty));
 	benchmark::Initialize(&argc, argv);
-	TimeReporter reporter;
 	benchmark::RunSpecifiedBenchmarks(&reporter);
 	printTable();
 	closeThreadPool();

@@ -6,6 +6,7 @@
 #include "nxvelora_processor.h"
 #include "support/naive_pan.h"
 #include "support/processor_harness.h"
+#include "time_reporter.h"
 
 #include <benchmark/benchmark.h>
 
@@ -29,8 +30,6 @@ struct Case
 };
 const Case kCases[] = {
     {"constant_0", 0.0, 0.0}, {"constant_60", 60.0, 60.0}, {"glide_0_to_60", 0.0, 60.0}};
-
-std::map<std::string, double> nsPerSample;
 
 std::vector<float> noiseBlock()
 {
@@ -91,20 +90,6 @@ void BM_NaiveReference(benchmark::State& state, Case c)
 }
 
 // Collects ns/sample per run so the speed-ups can be printed after the table.
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-	void ReportRuns(const std::vector<Run>& runs) override
-	{
-		for (const auto& run : runs)
-		{
-			if (run.run_type == Run::RT_Iteration)
-				nsPerSample[run.benchmark_name()] = run.GetAdjustedRealTime() / kBlock;
-		}
-		ConsoleReporter::ReportRuns(runs);
-	}
-};
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -116,13 +101,14 @@ int main(int argc, char** argv)
 		                             BM_NaiveReference, c);
 	}
 	benchmark::Initialize(&argc, argv);
-	RatioReporter reporter;
+	TimeReporter reporter;
 	benchmark::RunSpecifiedBenchmarks(&reporter);
 	std::printf("\nspeed-up of process over the plain per-sample reference:\n");
 	for (const Case& c : kCases)
 	{
-		const double real = nsPerSample[std::string("process/") + c.name];
-		const double naive = nsPerSample[std::string("naive_reference/") + c.name];
+		const double real = reporter.nanoseconds(std::string("process/") + c.name) / kBlock;
+		const double naive =
+		    reporter.nanoseconds(std::string("naive_reference/") + c.name) / kBlock;
 		if (real > 0)
 			std::printf("  %-14s %6.2fx  (%.2f vs %.2f ns/sample)\n", c.name, naive / real, real,
 			            naive);

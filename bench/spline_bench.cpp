@@ -5,6 +5,8 @@
 #include "osi/osicubicsplineinterpolator.h"
 #include "osi/osisplinevector.h"
 
+#include "time_reporter.h"
+
 #include <benchmark/benchmark.h>
 #include <gsl/gsl_spline.h>
 
@@ -18,8 +20,6 @@ namespace {
 
 const int kKnotCounts[] = {37, 10000};
 constexpr int kSweep = 1000000;
-
-std::map<std::string, double> nanoseconds;
 
 struct Knots
 {
@@ -76,20 +76,6 @@ void BM_Gsl(benchmark::State& state, int knots)
 	gsl_spline_free(spline);
 }
 
-class RatioReporter : public benchmark::ConsoleReporter
-{
-public:
-	void ReportRuns(const std::vector<Run>& runs) override
-	{
-		for (const auto& run : runs)
-		{
-			if (run.run_type == Run::RT_Iteration)
-				nanoseconds[run.benchmark_name()] = run.GetAdjustedRealTime();
-		}
-		ConsoleReporter::ReportRuns(runs);
-	}
-};
-
 std::string name(const char* what, int knots)
 {
 	return std::string(what) + "/knots:" + std::to_string(knots);
@@ -105,13 +91,13 @@ int main(int argc, char** argv)
 		benchmark::RegisterBenchmark(name("gsl_spline_sweep", knots).c_str(), BM_Gsl, knots);
 	}
 	benchmark::Initialize(&argc, argv);
-	RatioReporter reporter;
+	TimeReporter reporter;
 	benchmark::RunSpecifiedBenchmarks(&reporter);
 	std::printf("\nOsiCubicSplineInterpolator time / GSL time, sweep of %d points:\n", kSweep);
 	for (int knots : kKnotCounts)
 	{
-		const double ours = nanoseconds[name("osi_spline_sweep", knots)];
-		const double gsl = nanoseconds[name("gsl_spline_sweep", knots)];
+		const double ours = reporter.nanoseconds(name("osi_spline_sweep", knots));
+		const double gsl = reporter.nanoseconds(name("gsl_spline_sweep", knots));
 		if (gsl > 0)
 			std::printf("  %5d knots  %5.2fx  (%.2f vs %.2f ns per point)\n", knots, ours / gsl,
 			            ours / kSweep, gsl / kSweep);

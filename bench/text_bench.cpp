@@ -6,6 +6,8 @@
 #include "osi/ositextinput.h"
 #include "osi/string_ext.h"
 
+#include "time_reporter.h"
+
 #include <benchmark/benchmark.h>
 
 #include <unistd.h>
@@ -15,8 +17,6 @@
 #include <string>
 
 namespace {
-
-std::map<std::string, double> nanoseconds;
 
 struct Case
 {
@@ -109,24 +109,11 @@ void BM_Fscanf(benchmark::State& state)
 	state.SetItemsProcessed(state.iterations() * kRows * 2);
 }
 
-class RatioReporter : public benchmark::ConsoleReporter
+void printRatio(const TimeReporter& reporter, const std::string& what, const std::string& ours,
+                const std::string& reference)
 {
-public:
-	void ReportRuns(const std::vector<Run>& runs) override
-	{
-		for (const auto& run : runs)
-		{
-			if (run.run_type == Run::RT_Iteration)
-				nanoseconds[run.benchmark_name()] = run.GetAdjustedRealTime();
-		}
-		ConsoleReporter::ReportRuns(runs);
-	}
-};
-
-void printRatio(const std::string& what, const std::string& ours, const std::string& reference)
-{
-	const double a = nanoseconds[ours];
-	const double b = nanoseconds[reference];
+	const double a = reporter.nanoseconds(ours);
+	const double b = reporter.nanoseconds(reference);
 	if (b > 0)
 		std::printf("  %-28s %5.2fx  (%.1f vs %.1f ns)\n", what.c_str(), a / b, a, b);
 }
@@ -145,13 +132,13 @@ int main(int argc, char** argv)
 	benchmark::RegisterBenchmark("text_input/d,dN", BM_TextInput);
 	benchmark::RegisterBenchmark("fscanf/d,dN", BM_Fscanf);
 	benchmark::Initialize(&argc, argv);
-	RatioReporter reporter;
+	TimeReporter reporter;
 	benchmark::RunSpecifiedBenchmarks(&reporter);
 	std::printf("\nTime against the C library's (lower is better):\n");
 	for (const Case& c : kCases)
-		printRatio(std::string("sprintf ") + c.name, "string_ext/" + std::string(c.name),
+		printRatio(reporter, std::string("sprintf ") + c.name, "string_ext/" + std::string(c.name),
 		           "two_pass_snprintf/" + std::string(c.name));
-	printRatio("read 100000 rows", "text_input/d,dN", "fscanf/d,dN");
+	printRatio(reporter, "read 100000 rows", "text_input/d,dN", "fscanf/d,dN");
 	std::remove(columnFile().c_str());
 	benchmark::Shutdown();
 	return 0;
