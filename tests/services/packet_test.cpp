@@ -2,6 +2,7 @@
 // test reads and writes byte by byte: batching, delivery, pings, keep-alive,
 // and packets that are malformed or claim more than they bring.
 #include "osi/coipcomms.h"
+#include "services/receive_one.h"
 #include "services/wire.h"
 
 #include <gtest/gtest.h>
@@ -16,32 +17,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 using wire::Message;
-
-struct Received
-{
-	int id = -100;
-	int length = 0;
-	int remaining = -1;
-	std::string data;
-};
-
-// Receives until an application message comes or the peer closes, within a
-// few seconds.
-bool receiveOne(OsiIPCommsBase& comms, Received& got)
-{
-	const auto deadline = Clock::now() + std::chrono::seconds(3);
-	while (Clock::now() < deadline && !comms.isPeerClosed())
-	{
-		void* data = nullptr;
-		if (comms.receive(got.id, got.length, data, got.remaining))
-		{
-			got.data.assign(static_cast<const char*>(data), static_cast<size_t>(got.length));
-			return true;
-		}
-		comms.waitForInput(20);
-	}
-	return false;
-}
+using wire::Received;
+using wire::receiveOne;
 
 class Transport : public testing::Test
 {

@@ -3,6 +3,7 @@
 // keep-alive against a live peer, closing; and the choice of ports.
 #include "osi/coservice.h"
 #include "osi/coserviceprovider.h"
+#include "services/receive_one.h"
 #include "services/wire.h"
 
 #include <gtest/gtest.h>
@@ -18,6 +19,9 @@
 #include <vector>
 
 namespace {
+
+using wire::Received;
+using wire::receiveOne;
 
 using Clock = std::chrono::steady_clock;
 
@@ -36,30 +40,6 @@ public:
 };
 
 const testing::Environment* const spreadPorts = testing::AddGlobalTestEnvironment(new SpreadPorts);
-
-struct Received
-{
-	int id = -100;
-	int length = 0;
-	int remaining = -1;
-	std::string data;
-};
-
-bool receiveOne(OsiIPCommsBase& comms, Received& got)
-{
-	const auto deadline = Clock::now() + std::chrono::seconds(5);
-	while (Clock::now() < deadline && !comms.isPeerClosed())
-	{
-		void* data = nullptr;
-		if (comms.receive(got.id, got.length, data, got.remaining))
-		{
-			got.data.assign(static_cast<const char*>(data), static_cast<size_t>(got.length));
-			return true;
-		}
-		comms.waitForInput(20);
-	}
-	return false;
-}
 
 // Bytes that differ from message to message and along each message.
 std::string patterned(int length, int seed)
