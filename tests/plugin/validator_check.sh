@@ -3,13 +3,14 @@
 # validator tests, with their error lines, to the expected set. The plug-in's
 # self-test must also have reported both of its "Correct" messages.
 #
-# usage: validator_check.sh VALIDATOR BUNDLE EXPECTED_FAILURES_FILE
+# usage: validator_check.sh VALIDATOR BUNDLE EXPECTED_FAILURES_FILE [VALIDATOR OPTIONS...]
 set -u
 validator=$1 bundle=$2 expected=$3
+shift 3
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
 
-"$validator" "$bundle" >"$log" 2>&1
+"$validator" "$@" "$bundle" >"$log" 2>&1
 status=$?
 
 # Each failing test: its "[name]" header and the ERROR lines before its verdict.
