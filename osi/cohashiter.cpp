@@ -3,6 +3,74 @@
 // Positions: on a node (the current entry), in the gap before a node that an
 // iterator was pushed into when its node was removed, or on nothing (the end).
 
+void* OsiHashTableWalk::moveTo(OsiHashTableNode* node)
+{
+	standOn(node);
+	return current();
+}
+
+OsiHashTableNode* OsiHashTableWalk::stepFrom(bool forward)
+{
+	OsiListNode* from = position();
+	if (!from)
+		return nullptr;
+	if (forward)
+		from = inGap() ? from : from->next();
+	else
+		from = from->previous();
+	return continueFrom(from, forward);
+}
+
+OsiHashTableNode* OsiHashTableWalk::currentNode() const
+{
+	return position() && !inGap() ? static_cast<OsiHashTableNode*>(position()) : nullptr;
+}
+
+void* OsiHashTableWalk::find(void* element)
+{
+	for (void* candidate = first(); candidate; candidate = next())
+		if (candidate == element)
+			return candidate;
+	return nullptr;
+}
+
+void* OsiHashTableWalk::current() const
+{
+	const OsiHashTableNode* node = currentNode();
+	return node ? node->element() : nullptr;
+}
+
+bool OsiHashTableWalk::remove()
+{
+	OsiHashTableNode* node = currentNode();
+	if (!changeable || !node)
+		return false;
+	changeable->deleteNode(node);
+	return true;
+}
+
+// Post-increment: the current element, then a step; out of a gap, the
+// element after it.
+void* OsiHashTableWalk::operator++(int)
+{
+	if (inGap())
+		moveTo(stepFrom(true));
+	void* element = current();
+	if (element)
+		next();
+	return element;
+}
+
+void* OsiHashTableWalk::operator--(int)
+{
+	if (inGap())
+		moveTo(stepFrom(false));
+	void* element = current();
+	if (element)
+		prev();
+	return element;
+}
+
 OsiHashTableIter::OsiHashTableIter(OsiHashTable& table, const OsiHashTableKey& key)
 : OsiHashTableIter(&table, &table, key)
 {}
@@ -21,95 +89,30 @@ OsiHashTableIter::OsiHashTableIter(const OsiHashTable* table, const OsiHashTable
 
 OsiHashTableIter::OsiHashTableIter(const OsiHashTable* table, OsiHashTable* changeable,
                                    const OsiHashTableKey& key)
-: table(table),
-  changeable(changeable),
-  key(key.copy()),
-  bucket(table->bucketCount() > 0 ? key.hash(table->bucketCount()) : 0)
+: OsiHashTableWalk(table, changeable,
+                   table->bucketCount() > 0 ? key.hash(table->bucketCount()) : 0),
+  key(key.copy())
 {
 	first();
 }
 
-void* OsiHashTableIter::moveTo(OsiHashTableNode* node)
-{
-	standOn(node);
-	return current();
-}
-
-OsiHashTableNode* OsiHashTableIter::stepFrom(bool forward) const
-{
-	OsiListNode* from = position();
-	if (!from)
-		return nullptr;
-	if (forward)
-		from = inGap() ? from : from->next();
-	else
-		from = from->previous();
-	return table->keyedFrom(*key, from, bucket, forward);
-}
-
-void* OsiHashTableIter::first()
+OsiHashTableNode* OsiHashTableIter::firstNode()
 {
 	OsiHashTableNode* node;
 	table->findFirst(*key, node);
-	return moveTo(node);
+	return node;
 }
 
-void* OsiHashTableIter::last()
+OsiHashTableNode* OsiHashTableIter::lastNode()
 {
 	OsiHashTableNode* node;
 	table->findLast(*key, node);
-	return moveTo(node);
+	return node;
 }
 
-void* OsiHashTableIter::next()
+OsiHashTableNode* OsiHashTableIter::continueFrom(OsiListNode* from, bool forward)
 {
-	return moveTo(stepFrom(true));
-}
-
-void* OsiHashTableIter::prev()
-{
-	return moveTo(stepFrom(false));
-}
-
-void* OsiHashTableIter::find(void* element)
-{
-	for (void* candidate = first(); candidate; candidate = next())
-		if (candidate == element)
-			return candidate;
-	return nullptr;
-}
-
-void* OsiHashTableIter::current() const
-{
-	return position() && !inGap() ? position()->element() : nullptr;
-}
-
-bool OsiHashTableIter::remove()
-{
-	if (!changeable || !current())
-		return false;
-	changeable->deleteNode(static_cast<OsiHashTableNode*>(position()));
-	return true;
-}
-
-void* OsiHashTableIter::operator++(int)
-{
-	if (inGap())
-		moveTo(stepFrom(true));
-	void* element = current();
-	if (element)
-		next();
-	return element;
-}
-
-void* OsiHashTableIter::operator--(int)
-{
-	if (inGap())
-		moveTo(stepFrom(false));
-	void* element = current();
-	if (element)
-		prev();
-	return element;
+	return table->keyedFrom(*key, from, bucket, forward);
 }
 
 OsiKeylessHashTableIter::OsiKeylessHashTableIter(OsiHashTable& table)
@@ -130,104 +133,32 @@ OsiKeylessHashTableIter::OsiKeylessHashTableIter(const OsiHashTable* table)
 
 OsiKeylessHashTableIter::OsiKeylessHashTableIter(const OsiHashTable* table,
                                                  OsiHashTable* changeable)
-: table(table),
-  changeable(changeable)
+: OsiHashTableWalk(table, changeable, 0)
 {
 	first();
 }
 
-void* OsiKeylessHashTableIter::moveTo(OsiHashTableNode* node)
-{
-	standOn(node);
-	return current();
-}
-
-OsiHashTableNode* OsiKeylessHashTableIter::stepFrom(bool forward)
-{
-	OsiListNode* from = position();
-	if (!from)
-		return nullptr;
-	if (forward)
-		from = inGap() ? from : from->next();
-	else
-		from = from->previous();
-	return table->anyFrom(from, bucket, forward);
-}
-
-OsiHashTableNode* OsiKeylessHashTableIter::currentNode() const
-{
-	return position() && !inGap() ? static_cast<OsiHashTableNode*>(position()) : nullptr;
-}
-
-void* OsiKeylessHashTableIter::first()
+OsiHashTableNode* OsiKeylessHashTableIter::firstNode()
 {
 	OsiHashTableNode* node;
 	table->findFirst(node, bucket);
-	return moveTo(node);
+	return node;
 }
 
-void* OsiKeylessHashTableIter::last()
+OsiHashTableNode* OsiKeylessHashTableIter::lastNode()
 {
 	OsiHashTableNode* node;
 	table->findLast(node, bucket);
-	return moveTo(node);
+	return node;
 }
 
-void* OsiKeylessHashTableIter::next()
+OsiHashTableNode* OsiKeylessHashTableIter::continueFrom(OsiListNode* from, bool forward)
 {
-	return moveTo(stepFrom(true));
-}
-
-void* OsiKeylessHashTableIter::prev()
-{
-	return moveTo(stepFrom(false));
-}
-
-void* OsiKeylessHashTableIter::find(void* element)
-{
-	for (void* candidate = first(); candidate; candidate = next())
-		if (candidate == element)
-			return candidate;
-	return nullptr;
-}
-
-void* OsiKeylessHashTableIter::current() const
-{
-	const OsiHashTableNode* node = currentNode();
-	return node ? node->element() : nullptr;
+	return table->anyFrom(from, bucket, forward);
 }
 
 const OsiHashTableKey* OsiKeylessHashTableIter::currentKey() const
 {
 	const OsiHashTableNode* node = currentNode();
 	return node ? &node->key() : nullptr;
-}
-
-bool OsiKeylessHashTableIter::remove()
-{
-	OsiHashTableNode* node = currentNode();
-	if (!changeable || !node)
-		return false;
-	changeable->deleteNode(node);
-	return true;
-}
-
-void* OsiKeylessHashTableIter::operator++(int)
-{
-	if (inGap())
-		moveTo(stepFrom(true));
-	void* element = current();
-	if (element)
-		next();
-	return element;
-}
-
-void* OsiKeylessHashTableIter::operator--(int)
-{
-	if (inGap())
-		moveTo(stepFrom(false));
-	void* element = current();
-	if (element)
-		prev();
-	return element;
 }

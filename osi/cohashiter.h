@@ -11,19 +11,17 @@
 
 #include <memory>
 
-class OsiHashTableIter : public OsiHashTableIterProtection
+// What the keyed and the keyless iterator share: stepping, the gap left by a
+// removed entry, find and remove. They differ only in where a walk starts
+// and how it goes on past a node.
+class OsiHashTableWalk : public OsiHashTableIterProtection
 {
 public:
-	OsiHashTableIter(OsiHashTable& table, const OsiHashTableKey& key);
-	OsiHashTableIter(const OsiHashTable& table, const OsiHashTableKey& key);
-	OsiHashTableIter(OsiHashTable* table, const OsiHashTableKey& key);
-	OsiHashTableIter(const OsiHashTable* table, const OsiHashTableKey& key);
-
-	void* first();
-	void* last();
-	void* next();
-	void* prev();
-	// Stands on the entry of this element under the key; returns it, or null.
+	void* first() { return moveTo(firstNode()); }
+	void* last() { return moveTo(lastNode()); }
+	void* next() { return moveTo(stepFrom(true)); }
+	void* prev() { return moveTo(stepFrom(false)); }
+	// Stands on the first entry of this element in the walk; returns it, or null.
 	void* find(void* element);
 	void* current() const;
 	// Removes the current entry (not through an iterator on a const table).
@@ -31,19 +29,50 @@ public:
 	void* operator++(int);
 	void* operator--(int);
 
-private:
-	OsiHashTableIter(const OsiHashTable* table, OsiHashTable* changeable,
-	                 const OsiHashTableKey& key);
-	void* moveTo(OsiHashTableNode* node);
-	OsiHashTableNode* stepFrom(bool forward) const;
+protected:
+	OsiHashTableWalk(const OsiHashTable* table, OsiHashTable* changeable, int bucket)
+	: table(table),
+	  changeable(changeable),
+	  bucket(bucket)
+	{}
+	~OsiHashTableWalk() = default;
+
+	OsiHashTableNode* currentNode() const;
+	virtual OsiHashTableNode* firstNode() = 0;
+	virtual OsiHashTableNode* lastNode() = 0;
+	// The walk's next node from a list position, forward or backward.
+	virtual OsiHashTableNode* continueFrom(OsiListNode* from, bool forward) = 0;
 
 	const OsiHashTable* table;
 	OsiHashTable* changeable;
-	std::unique_ptr<OsiHashTableKey> key;
 	int bucket;
+
+private:
+	void* moveTo(OsiHashTableNode* node);
+	OsiHashTableNode* stepFrom(bool forward);
 };
 
-class OsiKeylessHashTableIter : public OsiHashTableIterProtection
+// The entries under one key.
+class OsiHashTableIter : public OsiHashTableWalk
+{
+public:
+	OsiHashTableIter(OsiHashTable& table, const OsiHashTableKey& key);
+	OsiHashTableIter(const OsiHashTable& table, const OsiHashTableKey& key);
+	OsiHashTableIter(OsiHashTable* table, const OsiHashTableKey& key);
+	OsiHashTableIter(const OsiHashTable* table, const OsiHashTableKey& key);
+
+private:
+	OsiHashTableIter(const OsiHashTable* table, OsiHashTable* changeable,
+	                 const OsiHashTableKey& key);
+	OsiHashTableNode* firstNode() override;
+	OsiHashTableNode* lastNode() override;
+	OsiHashTableNode* continueFrom(OsiListNode* from, bool forward) override;
+
+	std::unique_ptr<OsiHashTableKey> key;
+};
+
+// Every entry of the table.
+class OsiKeylessHashTableIter : public OsiHashTableWalk
 {
 public:
 	explicit OsiKeylessHashTableIter(OsiHashTable& table);
@@ -51,26 +80,12 @@ public:
 	explicit OsiKeylessHashTableIter(OsiHashTable* table);
 	explicit OsiKeylessHashTableIter(const OsiHashTable* table);
 
-	void* first();
-	void* last();
-	void* next();
-	void* prev();
-	// Stands on the first entry of this element; returns it, or null.
-	void* find(void* element);
-	void* current() const;
 	// The key of the current entry, or null.
 	const OsiHashTableKey* currentKey() const;
-	bool remove();
-	void* operator++(int);
-	void* operator--(int);
 
 private:
 	OsiKeylessHashTableIter(const OsiHashTable* table, OsiHashTable* changeable);
-	void* moveTo(OsiHashTableNode* node);
-	OsiHashTableNode* stepFrom(bool forward);
-	OsiHashTableNode* currentNode() const;
-
-	const OsiHashTable* table;
-	OsiHashTable* changeable;
-	int bucket = 0;
+	OsiHashTableNode* firstNode() override;
+	OsiHashTableNode* lastNode() override;
+	OsiHashTableNode* continueFrom(OsiListNode* from, bool forward) override;
 };

@@ -65,6 +65,7 @@ public:
 	bool hasUniqueKeys() const { return uniqueKeys; }
 
 private:
+	friend class OsiHashTableWalk;
 	friend class OsiHashTableIter;
 	friend class OsiKeylessHashTableIter;
 
