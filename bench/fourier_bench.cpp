@@ -2,7 +2,7 @@
 // 1024, 4096 and 65536 points. Each iteration is a forward transform and an
 // inverse one scaled by 1/N, so the data stay as they are and both sides do
 // the same work; the ratio of the times is printed at the end (goal: at most 3).
-#include "osi/osifourier.h"
+#include "osi/numerics/osifourier.h"
 
 #include "time_reporter.h"
 

@@ -5,7 +5,7 @@
 // ratio (goal: pool / OpenMP at 0.9 or more for bodies of 100 us and longer),
 // and what one index costs the pool with an empty body. Each case runs five
 // times; the table takes the fastest.
-#include "osi/coparallel.h"
+#include "osi/pool/coparallel.h"
 
 #include "time_reporter.h"
 

@@ -2,8 +2,8 @@
 // context of OsiCubicSplineInterpolator against GSL's natural cubic spline
 // with its accelerator, for few and for many knots. The ratio of the times is
 // printed at the end (goal: below 1).
-#include "osi/osicubicsplineinterpolator.h"
-#include "osi/osisplinevector.h"
+#include "osi/numerics/osicubicsplineinterpolator.h"
+#include "osi/numerics/osisplinevector.h"
 
 #include "time_reporter.h"
 

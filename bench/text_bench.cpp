@@ -3,8 +3,8 @@
 // snprintf(nullptr, 0) and formatting again into a std::string; and
 // OsiTextInput reading a two-column file under "d,dN" against an fscanf loop
 // over the same file. The ratios of the times are printed at the end.
-#include "osi/ositextinput.h"
-#include "osi/string_ext.h"
+#include "osi/base/string_ext.h"
+#include "osi/text/ositextinput.h"
 
 #include "time_reporter.h"
 

@@ -4,7 +4,7 @@
 // in brackets of 64, while the benchmark thread receives them all. The table
 // at the end gives messages per second, MB/s and the ratio to the plain loop
 // (goal: batched 4 KiB messages at 0.5 or more of the plain loop's MB/s).
-#include "osi/coipcomms.h"
+#include "osi/services/coipcomms.h"
 
 #include <arpa/inet.h>
 #include <benchmark/benchmark.h>

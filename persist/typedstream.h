@@ -4,7 +4,7 @@
 // host stream or a C file) is supplied by the derived class.
 #pragma once
 
-#include "osi/string_ext.h"
+#include "osi/base/string_ext.h"
 
 #include <cstddef>
 #include <cstdint>

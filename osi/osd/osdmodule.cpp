@@ -1,8 +1,8 @@
 #include "osi/osd/osdmodule.h"
 
-#include "osi/cofile.h"
-#include "osi/cohashiter.h"
-#include "osi/modregistry.h"
+#include "osi/containers/cohashiter.h"
+#include "osi/runtime/cofile.h"
+#include "osi/runtime/modregistry.h"
 
 #include <dlfcn.h>
 

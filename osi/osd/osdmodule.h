@@ -3,8 +3,8 @@
 // and thin wrappers of the loader.
 #pragma once
 
-#include "osi/cohashtable.h"
-#include "osi/mdlinterfaces.h"
+#include "osi/base/mdlinterfaces.h"
+#include "osi/containers/cohashtable.h"
 #include "osi/osd/osdatomic.h"
 
 void* MdlLoadLibrary(const char* path);

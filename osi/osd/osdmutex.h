@@ -1,8 +1,8 @@
 // A recursive mutex built on a semaphore of one unit, so that waits can time out.
 #pragma once
 
+#include "osi/base/referencecount.h"
 #include "osi/osd/osdsemaphore.h"
-#include "osi/referencecount.h"
 
 #include <pthread.h>
 

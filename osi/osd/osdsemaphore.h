@@ -1,7 +1,7 @@
 // A counting semaphore with time-outs, on a POSIX mutex and condition.
 #pragma once
 
-#include "osi/referencecount.h"
+#include "osi/base/referencecount.h"
 
 #include <pthread.h>
 

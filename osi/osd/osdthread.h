@@ -1,7 +1,7 @@
 // A POSIX thread that runs one function on one argument and is numbered.
 #pragma once
 
-#include "osi/referencecount.h"
+#include "osi/base/referencecount.h"
 
 #include <pthread.h>
 

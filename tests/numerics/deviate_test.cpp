@@ -1,5 +1,5 @@
-#include "osi/osiapproximatenormaldeviate.h"
-#include "osi/osixorshiftrng.h"
+#include "osi/numerics/osiapproximatenormaldeviate.h"
+#include "osi/numerics/osixorshiftrng.h"
 
 #include <gtest/gtest.h>
 

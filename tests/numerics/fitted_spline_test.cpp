@@ -1,6 +1,6 @@
-#include "osi/osiapproximatenormaldeviate.h"
-#include "osi/osifittedcubicspline.h"
-#include "osi/osilevenbergmarquardt.h"
+#include "osi/numerics/osiapproximatenormaldeviate.h"
+#include "osi/numerics/osifittedcubicspline.h"
+#include "osi/numerics/osilevenbergmarquardt.h"
 
 #include <gtest/gtest.h>
 

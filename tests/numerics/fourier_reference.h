@@ -3,7 +3,7 @@
 // bit-reversal counter. OsiFourier must give these numbers to the last bit.
 #pragma once
 
-#include "osi/osicomplex.h"
+#include "osi/numerics/osicomplex.h"
 
 #include <cmath>
 #include <utility>

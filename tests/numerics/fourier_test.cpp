@@ -1,5 +1,5 @@
 #include "numerics/fourier_reference.h"
-#include "osi/osifourier.h"
+#include "osi/numerics/osifourier.h"
 
 #include <fftw3.h>
 #include <gtest/gtest.h>

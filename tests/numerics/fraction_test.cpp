@@ -1,4 +1,4 @@
-#include "osi/osifraction.h"
+#include "osi/numerics/osifraction.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "osi/osipiecewiselinearfitter.h"
-#include "osi/osisplinevector.h"
+#include "osi/numerics/osipiecewiselinearfitter.h"
+#include "osi/numerics/osisplinevector.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "osi/osicubicsplineinterpolator.h"
-#include "osi/osisplinevector.h"
+#include "osi/numerics/osicubicsplineinterpolator.h"
+#include "osi/numerics/osisplinevector.h"
 #include "persist/osistructuredfile.h"
 
 #include <gtest/gtest.h>

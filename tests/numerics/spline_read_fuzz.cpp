@@ -3,7 +3,7 @@
 // body of a file whose header is valid, so that most inputs reach the
 // spline's block. Up to four splines are read in a row, and each one read is
 // evaluated.
-#include "osi/osicubicsplineinterpolator.h"
+#include "osi/numerics/osicubicsplineinterpolator.h"
 #include "persist/osistructuredfile.h"
 
 #include <sys/mman.h>

@@ -1,6 +1,6 @@
 // Parallel loops: which indices run, on which threads and in which order; the
 // pool's size, life and sharing between nested loops.
-#include "osi/coparallel.h"
+#include "osi/pool/coparallel.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // What loop bodies print: collected per run on the workers, printed whole by
 // the waiting thread (or handed to the output callbacks), never interleaved.
-#include "osi/coparallel.h"
+#include "osi/pool/coparallel.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Callback rings: newest member first, members that unlink themselves.
-#include "osi/cocallback.h"
+#include "osi/runtime/cocallback.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The absolute path of an existing file.
-#include "osi/cofile.h"
+#include "osi/runtime/cofile.h"
 
 #include <gtest/gtest.h>
 

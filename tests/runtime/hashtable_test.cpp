@@ -1,7 +1,7 @@
 // The hash table: its hash values, unique and duplicate keys, walk orders,
 // and iterators that survive the removal of their element.
-#include "osi/cohashiter.h"
-#include "osi/cohashtable.h"
+#include "osi/containers/cohashiter.h"
+#include "osi/containers/cohashtable.h"
 
 #include <gtest/gtest.h>
 

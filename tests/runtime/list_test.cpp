@@ -1,5 +1,5 @@
 // The list: order of insertion, removal under an iterator, sorting.
-#include "osi/colist.h"
+#include "osi/containers/colist.h"
 
 #include <gtest/gtest.h>
 

@@ -3,10 +3,10 @@
 // and the plug-in bundle's own library.
 #include "runtime/test_probe.h"
 
-#include "osi/modregistry.h"
-#include "osi/module.h"
-#include "osi/protectedregistry.h"
-#include "osi/yieldhandler.h"
+#include "osi/runtime/modregistry.h"
+#include "osi/runtime/module.h"
+#include "osi/runtime/protectedregistry.h"
+#include "osi/runtime/yieldhandler.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // The class registry: the prefix rule, versions side by side, the keyless
 // second pass, walks, and registration racing creation on several threads.
-#include "osi/modregistry.h"
+#include "osi/runtime/modregistry.h"
 
 #include <gtest/gtest.h>
 

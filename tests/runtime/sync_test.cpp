@@ -1,6 +1,6 @@
 // The atomic lock, semaphores and mutexes under real contention between
 // threads; the ThreadSanitizer build runs these too.
-#include "osi/cosync.h"
+#include "osi/runtime/cosync.h"
 
 #include <gtest/gtest.h>
 

@@ -2,9 +2,9 @@
 // and answers the closing notice.
 #include "runtime/test_probe.h"
 
-#include "osi/modregistry.h"
-#include "osi/module.h"
-#include "osi/yieldhandler.h"
+#include "osi/runtime/modregistry.h"
+#include "osi/runtime/module.h"
+#include "osi/runtime/yieldhandler.h"
 
 #include <cstdio>
 

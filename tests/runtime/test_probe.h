@@ -1,7 +1,7 @@
 // The interface through which the modules test looks inside its test module.
 #pragma once
 
-#include "osi/mdlinterfaces.h"
+#include "osi/base/mdlinterfaces.h"
 
 // Created in the test module as class "VeloraTestProbe", version 1.
 class VeloraTestProbe : public MdlInterface

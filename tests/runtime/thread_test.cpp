@@ -1,6 +1,6 @@
 // Threads: numbering, the messages of their life, references on their
 // argument and on themselves, and early exit.
-#include "osi/cosync.h"
+#include "osi/runtime/cosync.h"
 
 #include <gtest/gtest.h>
 

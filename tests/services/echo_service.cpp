@@ -3,7 +3,7 @@
 // port to listen on; it ends when its client closes or goes away.
 //
 //   velora_echo_service 127.0.0.1 27015
-#include "osi/coserviceprovider.h"
+#include "osi/services/coserviceprovider.h"
 
 #include <unistd.h>
 

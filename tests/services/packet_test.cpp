@@ -1,7 +1,7 @@
 // The transport's packets on a real loopback connection whose other end the
 // test reads and writes byte by byte: batching, delivery, pings, keep-alive,
 // and packets that are malformed or claim more than they bring.
-#include "osi/coipcomms.h"
+#include "osi/services/coipcomms.h"
 #include "services/receive_one.h"
 #include "services/wire.h"
 

@@ -2,8 +2,8 @@
 // reader in pieces of changing size. Whatever arrives, the reader must not
 // read outside its buffers, allocate what a header merely claims or loop
 // forever, and every message it hands out must be readable to its end.
-#include "osi/coipcomms.h"
-#include "osi/cosocket.h"
+#include "osi/services/coipcomms.h"
+#include "osi/services/cosocket.h"
 
 #include <sys/socket.h>
 #include <unistd.h>

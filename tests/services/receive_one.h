@@ -1,7 +1,7 @@
 // Waits for one application message on a transport end, a few seconds at most.
 #pragma once
 
-#include "osi/coipcomms.h"
+#include "osi/services/coipcomms.h"
 
 #include <chrono>
 #include <string>

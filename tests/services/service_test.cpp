@@ -1,8 +1,8 @@
 // Services for real: the echo service program started as a child process on a
 // loopback port, messages of 1 byte to 1 MiB there and back, notifications,
 // keep-alive against a live peer, closing; and the choice of ports.
-#include "osi/coservice.h"
-#include "osi/coserviceprovider.h"
+#include "osi/services/coservice.h"
+#include "osi/services/coserviceprovider.h"
 #include "services/receive_one.h"
 #include "services/wire.h"
 

@@ -2,7 +2,7 @@
 // packets built and read byte by byte on the raw end of it.
 #pragma once
 
-#include "osi/copacket.h"
+#include "osi/services/copacket.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>

@@ -1,7 +1,7 @@
 // Typed numbers in, engineering numbers out, and numbers picked out of text.
-#include "osi/osinumbertostring.h"
-#include "osi/osiparsenumber.h"
-#include "osi/osistringtonumber.h"
+#include "osi/text/osinumbertostring.h"
+#include "osi/text/osiparsenumber.h"
+#include "osi/text/osistringtonumber.h"
 
 #include <gtest/gtest.h>
 

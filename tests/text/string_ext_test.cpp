@@ -1,7 +1,7 @@
 // string_ext's formatting against the C library's own: the length bound never
 // falls short of what snprintf produces, over many generated formats and
 // arguments, and the text is the same.
-#include "osi/string_ext.h"
+#include "osi/base/string_ext.h"
 
 #include <gtest/gtest.h>
 

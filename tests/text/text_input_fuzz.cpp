@@ -1,10 +1,10 @@
 // Arbitrary bytes as a typed number, as free text holding a number, as a
 // number to print, and as a numeric text file: the first line is the layout,
 // the rest the file's contents.
-#include "osi/osinumbertostring.h"
-#include "osi/osiparsenumber.h"
-#include "osi/osistringtonumber.h"
-#include "osi/ositextinput.h"
+#include "osi/text/osinumbertostring.h"
+#include "osi/text/osiparsenumber.h"
+#include "osi/text/osistringtonumber.h"
+#include "osi/text/ositextinput.h"
 
 #include <unistd.h>
 

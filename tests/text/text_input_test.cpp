@@ -1,5 +1,5 @@
 // Numeric text files, written here, read under layout strings.
-#include "osi/ositextinput.h"
+#include "osi/text/ositextinput.h"
 
 #include <gtest/gtest.h>
 

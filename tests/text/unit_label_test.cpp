@@ -1,6 +1,6 @@
 // Units as labels: products and quotients of named units with rational
 // powers, their printed forms and their (one-sided) equality.
-#include "osi/osicompositeunitlabel.h"
+#include "osi/text/osicompositeunitlabel.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // Numbers printed with their units, linearly and in decibels.
-#include "osi/osidecibelformat.h"
-#include "osi/osilinearformat.h"
+#include "osi/text/osidecibelformat.h"
+#include "osi/text/osilinearformat.h"
 
 #include <gtest/gtest.h>
 

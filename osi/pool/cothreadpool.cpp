@@ -1,0 +1,460 @@
+#include "osi/pool/cothreadpool.h"
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <list>
+#include <thread>
+#include <vector>
+
+#if defined(__APPLE__)
+#include <sys/sysctl.h>
+#include <sys/types.h>
+#else
+#include <sched.h>
+#include <unistd.h>
+#endif
+
+namespace {
+
+// How long a worker that finished a run watches for the next one before it
+// sleeps: long enough for the dispatching thread to wake and hand one over.
+constexpr std::chrono::microseconds watchTime{200};
+
+// Text that workers finished, waiting for the thread that prints it.
+struct OutputList
+{
+	std::list<string_ext<char>> strings;
+	bool hasOutput = false;
+};
+
+struct PoolState
+{
+	// Guards opening and closing, the nesting count and the explicit hold.
+	OsdAtomicLock lifecycle;
+	int nesting = 0;
+	bool heldOpen = false;
+	bool initialised = false;
+
+	std::atomic<int> size{0};
+	std::atomic<int> live{0};
+	std::unique_ptr<OsdSemaphore, OsiReleaseReference> free;
+	std::unique_ptr<OsdSemaphore, OsiReleaseReference> complete;
+	std::atomic<OsiOutputCallback> stdOutCallback{nullptr};
+	std::atomic<OsiOutputCallback> stdErrCallback{nullptr};
+
+	// Guarded by the pool mutex.
+	bool closing = false;
+	long long outstanding = 0;
+	OutputList stdOut;
+	OutputList stdErr;
+	std::vector<std::unique_ptr<OsiThreadPoolInfo>> workers;
+};
+
+// Neither is ever destroyed: workers of a pool still open when the process
+// exits keep using them until they are stopped with it.
+PoolState& pool()
+{
+	static PoolState* state = new PoolState;
+	return *state;
+}
+
+const OsdMutex& poolMutex()
+{
+	static const OsdMutex* mutex = new OsdMutex("OsiThreadPool");
+	return *mutex;
+}
+
+class PoolLock
+{
+public:
+	PoolLock() : wait(&poolMutex(), OsdInfiniteWait) {}
+
+private:
+	OsdWaitOnMutex wait;
+};
+
+// Output of a serial loop or of the main thread, kept per thread so that
+// serial loops on different threads do not share it.
+thread_local string_ext<char> serialisedOut;
+thread_local string_ext<char> serialisedErr;
+
+void emit(string_ext<char>& text, OsiOutputCallback callback, std::FILE* stream)
+{
+	if (callback)
+		callback(text);
+	else
+		std::fwrite(text.data(), 1, text.size(), stream);
+}
+
+void collect(string_ext<char>& text, OutputList& list)
+{
+	if (text.empty())
+		return;
+	list.strings.push_back(std::move(text));
+	list.hasOutput = true;
+	text.clear();
+}
+
+// Prints a list's strings outside the lock, so that workers never wait for
+// the output stream.
+void flushStringList(OutputList& list, OsiOutputCallback callback, std::FILE* stream)
+{
+	std::list<string_ext<char>> taken;
+	{
+		PoolLock lock;
+		if (!list.hasOutput)
+			return;
+		taken.swap(list.strings);
+		list.hasOutput = false;
+	}
+	for (string_ext<char>& text : taken)
+		emit(text, callback, stream);
+	std::fflush(stream);
+}
+
+void flushString(string_ext<char>& text, OsiOutputCallback callback, std::FILE* stream)
+{
+	if (text.empty())
+		return;
+	emit(text, callback, stream);
+	text.clear();
+	std::fflush(stream);
+}
+
+#if defined(__APPLE__)
+int sysctlCount(int name)
+{
+	int selector[2] = {CTL_HW, name};
+	int count = 0;
+	size_t length = sizeof count;
+	if (sysctl(selector, 2, &count, &length, nullptr, 0) != 0)
+		return 0;
+	return count;
+}
+#endif
+
+} // namespace
+
+OsiThreadPoolInfo::OsiThreadPoolInfo(int number, OsdThreadType type)
+: thread(new OsdThread(type)),
+  wakeUp(new OsdSemaphore("OsiThreadPool wake-up", 0, 1)),
+  number(number)
+{}
+
+int OsiThreadPool::numberOfCores()
+{
+	int count = 0;
+#if defined(__APPLE__)
+	count = sysctlCount(HW_AVAILCPU);
+	if (count < 1)
+		count = sysctlCount(HW_NCPU);
+#else
+	// The processors this process may run on, then those online.
+	cpu_set_t set;
+	if (sched_getaffinity(0, sizeof set, &set) == 0)
+		count = CPU_COUNT(&set);
+	if (count < 1)
+		count = static_cast<int>(sysconf(_SC_NPROCESSORS_ONLN));
+#endif
+	return count < 1 ? 1 : count;
+}
+
+int OsiThreadPool::numberOfThreads()
+{
+	return pool().size.load();
+}
+
+int OsiThreadPool::liveThreads()
+{
+	return pool().live.load();
+}
+
+bool OsiThreadPool::initialise(int threads, OsdThreadType type)
+{
+	PoolState& state = pool();
+	OsdAtomicLockScope scope(state.lifecycle);
+	const bool opened = open(threads, type);
+	if (opened)
+		state.heldOpen = true;
+	return opened;
+}
+
+void OsiThreadPool::close()
+{
+	PoolState& state = pool();
+	OsdAtomicLockScope scope(state.lifecycle);
+	state.heldOpen = false;
+	if (state.nesting == 0)
+		shutDown();
+}
+
+bool OsiThreadPool::enterLoop()
+{
+	PoolState& state = pool();
+	OsdAtomicLockScope scope(state.lifecycle);
+	++state.nesting;
+	return open(0, OsdThreadType::normal);
+}
+
+void OsiThreadPool::leaveLoop()
+{
+	PoolState& state = pool();
+	OsdAtomicLockScope scope(state.lifecycle);
+	if (--state.nesting == 0 && !state.heldOpen)
+		shutDown();
+}
+
+bool OsiThreadPool::open(int threads, OsdThreadType type)
+{
+	PoolState& state = pool();
+	if (state.initialised)
+		return true;
+	const int cores = numberOfCores();
+	const int size = std::min(threads >= 1 && threads < cores ? threads : cores, maximumThreads);
+	if (size < 1 || !state.workers.empty())
+		return false;
+	state.free.reset(new OsdSemaphore("OsiThreadPool free", size, size));
+	state.complete.reset(new OsdSemaphore("OsiThreadPool complete", 0, 1));
+	bool started = true;
+	{
+		PoolLock lock;
+		for (int number = 0; number < size && started; ++number)
+		{
+			state.workers.push_back(std::make_unique<OsiThreadPoolInfo>(number, type));
+			OsiThreadPoolInfo* info = state.workers.back().get();
+			state.live.fetch_add(1);
+			started = info->thread->open(run, static_cast<void*>(info));
+			if (!started)
+				state.live.fetch_sub(1);
+		}
+	}
+	if (!started)
+	{
+		shutDown();
+		return false;
+	}
+	state.size.store(size);
+	state.initialised = true;
+	return true;
+}
+
+// Workers notice the close flag when woken, or after their next round at the
+// latest; joining them means that none is left when the pool reports closed.
+void OsiThreadPool::shutDown()
+{
+	PoolState& state = pool();
+	if (state.workers.empty())
+		return;
+	{
+		PoolLock lock;
+		state.closing = true;
+	}
+	for (const auto& worker : state.workers)
+		worker->wakeUp->signal(1);
+	for (const auto& worker : state.workers)
+		worker->thread->waitForThreadClosure();
+	PoolLock lock;
+	state.workers.clear();
+	state.size.store(0);
+	state.initialised = false;
+	state.closing = false;
+	state.outstanding = 0;
+	state.free.reset();
+	state.complete.reset();
+}
+
+unsigned int OsiThreadPool::run(void* argument, unsigned int)
+{
+	OsiThreadPoolInfo& info = *static_cast<OsiThreadPoolInfo*>(argument);
+	{
+		PoolLock lock;
+		info.threadId = OsdThread::threadId();
+	}
+	bool closing = false;
+	while (!closing)
+	{
+		if (awaitRun(info))
+		{
+			info.body(info.data, info.index, info.number, info.stdOut);
+			closing = finishRun(info);
+		}
+		else
+			closing = readCloseFlag();
+	}
+	pool().live.fetch_sub(1);
+	return 0;
+}
+
+// True when a run was handed over; false after a round without one.
+bool OsiThreadPool::awaitRun(OsiThreadPoolInfo& info)
+{
+	const auto watchEnd = std::chrono::steady_clock::now() + watchTime;
+	while (info.handOver.load() == OsiHandOver::watching &&
+	       std::chrono::steady_clock::now() < watchEnd)
+		std::this_thread::yield();
+	OsiHandOver expected = OsiHandOver::watching;
+	info.handOver.compare_exchange_strong(expected, OsiHandOver::sleeping);
+	if (expected == OsiHandOver::assigned)
+		return true;
+	// A run handed over just as the wait timed out leaves a unit behind; it
+	// only cuts the next wait short.
+	info.wakeUp->waitOnSemaphore(roundMilliseconds);
+	return info.handOver.load() == OsiHandOver::assigned;
+}
+
+bool OsiThreadPool::finishRun(OsiThreadPoolInfo& info)
+{
+	PoolState& state = pool();
+	bool closing = false;
+	bool allDone = false;
+	{
+		PoolLock lock;
+		info.body = nullptr;
+		info.data = nullptr;
+		info.handOver.store(OsiHandOver::watching);
+		allDone = --state.outstanding == 0;
+		collect(info.stdOut, state.stdOut);
+		collect(info.stdErr, state.stdErr);
+		closing = state.closing;
+	}
+	// Signalled after the lock is given back, so that the woken thread does
+	// not go straight to sleep again on it.
+	if (allDone)
+		state.complete->signal(1);
+	state.free->signal(1);
+	return closing;
+}
+
+bool OsiThreadPool::readCloseFlag()
+{
+	PoolLock lock;
+	return pool().closing;
+}
+
+void OsiThreadPool::beginRun(int count)
+{
+	if (numberOfThreads() == 0)
+		return;
+	PoolLock lock;
+	pool().outstanding += count;
+}
+
+void OsiThreadPool::addRun(void* data, OsiParallelBody body, int index)
+{
+	if (!body || numberOfThreads() == 0)
+		return;
+	PoolState& state = pool();
+	state.free->waitOnSemaphore(OsdInfiniteWait);
+	OsiThreadPoolInfo* chosen = nullptr;
+	{
+		PoolLock lock;
+		for (const auto& worker : state.workers)
+		{
+			if (worker->body)
+				continue;
+			worker->data = data;
+			worker->body = body;
+			worker->index = index;
+			chosen = worker.get();
+			break;
+		}
+	}
+	if (chosen && chosen->handOver.exchange(OsiHandOver::assigned) == OsiHandOver::sleeping)
+		chosen->wakeUp->signal(1);
+}
+
+void OsiThreadPool::waitForCompletion()
+{
+	if (numberOfThreads() == 0)
+		return;
+	PoolState& state = pool();
+	bool done = false;
+	while (!done)
+	{
+		state.complete->waitOnSemaphore(roundMilliseconds);
+		{
+			PoolLock lock;
+			done = state.outstanding <= 0;
+		}
+		flushStdOutAndStdErr();
+	}
+}
+
+OsiThreadPoolInfo* OsiThreadPool::callingWorker()
+{
+	const OsdThreadId self = OsdThread::threadId();
+	PoolLock lock;
+	for (const auto& worker : pool().workers)
+	{
+		if (pthread_equal(worker->threadId, self))
+			return worker.get();
+	}
+	return nullptr;
+}
+
+bool OsiThreadPool::writeToStdString(const char* text, bool toStdOut)
+{
+	if (!text)
+		return false;
+	if (OsiThreadPoolInfo* worker = callingWorker())
+	{
+		(toStdOut ? worker->stdOut : worker->stdErr) += text;
+		return true;
+	}
+	if (!OsdThread::isMainThread())
+		return false;
+	(toStdOut ? serialisedOut : serialisedErr) += text;
+	return true;
+}
+
+bool OsiThreadPool::writeToStdOutString(const char* text)
+{
+	return writeToStdString(text, true);
+}
+
+bool OsiThreadPool::writeToStdErrString(const char* text)
+{
+	return writeToStdString(text, false);
+}
+
+void OsiThreadPool::flushStdOutAndStdErr()
+{
+	PoolState& state = pool();
+	flushStringList(state.stdOut, state.stdOutCallback.load(), stdout);
+	flushStringList(state.stdErr, state.stdErrCallback.load(), stderr);
+	flushSerialised();
+}
+
+void OsiThreadPool::flushSerialised()
+{
+	PoolState& state = pool();
+	flushString(serialisedOut, state.stdOutCallback.load(), stdout);
+	flushString(serialisedErr, state.stdErrCallback.load(), stderr);
+}
+
+string_ext<char>& OsiThreadPool::serialisedStdOut()
+{
+	return serialisedOut;
+}
+
+void OsiThreadPool::setStdOutCallback(OsiOutputCallback callback)
+{
+	pool().stdOutCallback.store(callback);
+}
+
+void OsiThreadPool::setStdErrCallback(OsiOutputCallback callback)
+{
+	pool().stdErrCallback.store(callback);
+}
+
+OsiOutputCallback OsiThreadPool::getStdOutCallback()
+{
+	return pool().stdOutCallback.load();
+}
+
+OsiOutputCallback OsiThreadPool::getStdErrCallback()
+{
+	return pool().stdErrCallback.load();
+}
