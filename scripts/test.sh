@@ -41,5 +41,6 @@ for sanitizer in address thread; do
 done
 
 echo
+"$root/scripts/test_ratio.sh"
 echo "total: $passed passed, $failed failed"
 exit $status
