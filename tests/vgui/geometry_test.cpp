@@ -1,8 +1,13 @@
 #include "vgui/vguidpiscale.h"
 #include "vgui/vguifont.h"
+#include "vgui/vguilinesegment.h"
+#include "vgui/vguiparallelogram.h"
 #include "vgui/vguirect.h"
 
 #include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
 
 namespace {
 
@@ -95,6 +100,167 @@ TEST(VGuiFont, CopiesOwnTheirDescription)
 	EXPECT_EQ(copy.size(), 12.0);
 	EXPECT_EQ(copy.style(), VSTGUI::kBoldFace);
 	EXPECT_EQ(font.fontDesc()->getNbReference(), 1);
+}
+
+} // namespace
+
+namespace {
+
+bool inside(const VGuiRect& r, const VGuiPoint& p)
+{
+	return p.x >= r.left && p.x <= r.right && p.y >= r.top && p.y <= r.bottom;
+}
+
+// Where q lies along the segment, as the parameter of start + t·(end - start).
+double parameterOf(const VGuiLineSegment& s, const VGuiPoint& q)
+{
+	const VGuiPoint d = s.end - s.start;
+	const VGuiPoint w = q - s.start;
+	return (w.x * d.x + w.y * d.y) / (d.x * d.x + d.y * d.y);
+}
+
+// Each random segment is sampled finely; the samples inside the rectangle
+// must be exactly those within the clipped part.
+TEST(VGuiLineSegment, ClipMatchesSampling)
+{
+	std::mt19937 rng(11);
+	std::uniform_real_distribution<double> coordinate(-10.0, 10.0);
+	constexpr int kSamples = 2000;
+	constexpr double kMargin = 1e-9;
+	for (int n = 0; n < 2000; ++n)
+	{
+		VGuiRect rect(coordinate(rng), coordinate(rng), coordinate(rng), coordinate(rng));
+		rect.normalise();
+		const VGuiLineSegment segment({coordinate(rng), coordinate(rng)},
+		                              {coordinate(rng), coordinate(rng)});
+		VGuiLineSegment clipped = segment;
+		const bool visible = clipped.clip(rect);
+		double t0 = 2;
+		double t1 = -1;
+		if (visible)
+		{
+			ASSERT_TRUE(inside(rect, clipped.start) && inside(rect, clipped.end));
+			EXPECT_TRUE(!inside(rect, segment.start) || clipped.start == segment.start);
+			EXPECT_TRUE(!inside(rect, segment.end) || clipped.end == segment.end);
+			t0 = parameterOf(segment, clipped.start);
+			t1 = parameterOf(segment, clipped.end);
+			ASSERT_LE(t0, t1);
+		}
+		for (int i = 0; i <= kSamples; ++i)
+		{
+			const double t = double(i) / kSamples;
+			if (std::fabs(t - t0) < kMargin || std::fabs(t - t1) < kMargin)
+				continue;
+			const VGuiPoint p = segment.start + (segment.end - segment.start) * t;
+			ASSERT_EQ(inside(rect, p), t > t0 && t < t1) << "segment " << n << " at " << t;
+		}
+	}
+}
+
+struct ClipCase
+{
+	VGuiLineSegment segment;
+	bool visible;
+	VGuiLineSegment expected;
+};
+
+const double kNan = std::nan("");
+const VGuiRect kClipRect(0, 0, 10, 10);
+
+const ClipCase kClipCases[] = {
+    {{{-5, 5}, {15, 5}}, true, {{0, 5}, {10, 5}}},
+    {{{5, 15}, {5, -5}}, true, {{5, 10}, {5, 0}}},
+    {{{0, -5}, {0, 15}}, true, {{0, 0}, {0, 10}}}, // along the left edge
+    {{{-5, 5}, {5, -5}}, true, {{0, 0}, {0, 0}}},  // touches a corner only
+    {{{-5, 6}, {6, -5}}, true, {{0, 1}, {1, 0}}},
+    {{{2, 3}, {2, 3}}, true, {{2, 3}, {2, 3}}},
+    {{{11, 3}, {11, 3}}, false, {}},
+    {{{-5, 11}, {15, 11}}, false, {}},
+    {{{-1, 0.5}, {0.5, -1}}, false, {}}, // passes by a corner
+    {{{kNan, 2}, {5, 5}}, false, {}},
+};
+
+TEST(VGuiLineSegment, ClipCases)
+{
+	for (const ClipCase& c : kClipCases)
+	{
+		VGuiLineSegment s = c.segment;
+		EXPECT_EQ(s.clip(kClipRect), c.visible) << c.segment.start.x << "," << c.segment.start.y;
+		EXPECT_EQ(c.segment.intersect(kClipRect), c.visible);
+		EXPECT_TRUE(!c.visible || (s.start == c.expected.start && s.end == c.expected.end))
+		    << s.start.x << "," << s.start.y << " " << s.end.x << "," << s.end.y;
+	}
+}
+
+struct CrossingCase
+{
+	VGuiLineSegment a;
+	VGuiLineSegment b;
+	bool crosses;
+	VGuiPoint at;
+};
+
+const CrossingCase kCrossingCases[] = {
+    {{{0, 0}, {4, 4}}, {{0, 4}, {4, 0}}, true, {2, 2}},
+    {{{0, 0}, {4, 0}}, {{4, 0}, {4, 3}}, true, {4, 0}},
+    {{{0, 0}, {4, 0}}, {{5, -1}, {5, 1}}, false, {}},
+    {{{0, 0}, {4, 0}}, {{1, 0}, {3, 0}}, false, {}}, // collinear: parallel
+    {{{0, 0}, {4, 4}}, {{0, 1}, {4, 5}}, false, {}},
+};
+
+TEST(VGuiLineSegment, IntersectsOtherSegments)
+{
+	for (const CrossingCase& c : kCrossingCases)
+	{
+		VGuiPoint at(-99, -99);
+		EXPECT_EQ(c.a.intersect(c.b, at), c.crosses);
+		EXPECT_EQ(c.b.intersect(c.a, at), c.crosses);
+		EXPECT_TRUE(!c.crosses || at == c.at) << at.x << "," << at.y;
+	}
+}
+
+// An affine map keeps affine combinations: a point made of this
+// parallelogram's corners with some weights maps onto the same weights of
+// the other's corners.
+TEST(VGuiParallelogram, MapsCornersAndAffineCombinations)
+{
+	std::mt19937 rng(3);
+	std::uniform_real_distribution<double> coordinate(-50.0, 50.0);
+	const auto randomPoint = [&] { return VGuiPoint(coordinate(rng), coordinate(rng)); };
+	for (int n = 0; n < 100; ++n)
+	{
+		const VGuiParallelogram from(randomPoint(), randomPoint(), randomPoint());
+		const VGuiParallelogram onto(randomPoint(), randomPoint(), randomPoint());
+		const double wu = coordinate(rng) / 10;
+		const double wv = coordinate(rng) / 10;
+		const auto combine = [&](const VGuiParallelogram& p) {
+			return p.origin * (1 - wu - wv) + p.uEnd * wu + p.vEnd * wv;
+		};
+		VGuiPoint p = combine(from);
+		ASSERT_TRUE(from.mapPoint(p, onto));
+		EXPECT_NEAR(p.x, combine(onto).x, 1e-8);
+		EXPECT_NEAR(p.y, combine(onto).y, 1e-8);
+		VGuiParallelogram image = from;
+		ASSERT_TRUE(from.mapParallelogram(image, onto));
+		EXPECT_NEAR(image.oppositeCorner().x, onto.oppositeCorner().x, 1e-8);
+		EXPECT_NEAR(image.oppositeCorner().y, onto.oppositeCorner().y, 1e-8);
+	}
+}
+
+TEST(VGuiParallelogram, MapsRectanglesAndRefusesFlatOnes)
+{
+	// The unit square onto a square turned by a quarter about (10, 10).
+	const VGuiParallelogram square(VGuiRect(0, 0, 1, 1));
+	const VGuiParallelogram turned({10, 10}, {10, 12}, {8, 10});
+	VGuiParallelogram image;
+	ASSERT_TRUE(square.mapRect(VGuiRect(0.5, 0, 1, 0.5), turned, image));
+	EXPECT_EQ(image.extent(), VGuiRect(9, 11, 10, 12));
+
+	const VGuiParallelogram flat({0, 0}, {1, 1}, {2, 2});
+	VGuiPoint p(3, 4);
+	EXPECT_FALSE(flat.mapPoint(p, turned));
+	EXPECT_EQ(p, VGuiPoint(3, 4));
+	EXPECT_FALSE(flat.mapRect(VGuiRect(0, 0, 1, 1), turned, image));
 }
 
 } // namespace
