@@ -1,7 +1,9 @@
 #include "vgui/vguifont.h"
 
+#include <utility>
+
 VGuiFont::VGuiFont(const char* name, const double& size, int style)
-: desc(new VSTGUI::CFontDesc(name, size, style))
+: desc(new VSTGUI::CFontDesc(name ? name : "", size, style))
 {}
 
 VGuiFont::VGuiFont(const VSTGUI::CFontDesc& other)
@@ -12,12 +14,8 @@ VGuiFont::VGuiFont(const VGuiFont& other) : VGuiFont(*other.desc) {}
 
 VGuiFont& VGuiFont::operator=(const VGuiFont& other)
 {
-	if (this != &other)
-	{
-		desc->setName(other.desc->getName());
-		desc->setSize(other.desc->getSize());
-		desc->setStyle(other.desc->getStyle());
-	}
+	VGuiFont copy(other);
+	std::swap(desc, copy.desc);
 	return *this;
 }
 

@@ -3,145 +3,98 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
+#include <sstream>
+#include <string>
 
 namespace {
 
-using Points = std::vector<VGuiPoint>;
-
-// One step of a drawing: a move, or a line with or without the clip rectangle.
-struct Step
-{
-	enum Kind
-	{
-		Move,
-		Line,
-		ClippedLine
-	} kind;
-	VGuiPoint p;
-};
-
+// Steps: 'm' moves, 'l' draws a line, 'c' a line clipped to (0, 0, 10, 10).
+// Polylines are written as their points, separated by "|".
 struct BuilderCase
 {
-	const char* name;
 	int capacity;
-	std::vector<Step> steps;
-	std::vector<Points> expected;
+	const char* steps;
+	const char* polylines;
 };
-
-const VGuiRect kClip(0, 0, 10, 10);
 
 const BuilderCase kCases[] = {
-    {"move to the end point keeps the line",
-     5,
-     {{Step::Move, {1, 1}}, {Step::Line, {2, 2}}, {Step::Move, {2, 2}}, {Step::Line, {3, 1}}},
-     {{{1, 1}, {2, 2}, {3, 1}}}},
-    {"a move elsewhere starts another; single points are dropped",
-     5,
-     {{Step::Move, {1, 1}},
-      {Step::Line, {2, 2}},
-      {Step::Move, {5, 5}},
-      {Step::Move, {6, 6}},
-      {Step::Line, {7, 6}},
-      {Step::Line, {7, 6}},
-      {Step::Move, {9, 9}}},
-     {{{1, 1}, {2, 2}}, {{6, 6}, {7, 6}}}},
-    {"a full buffer takes no more points",
-     3,
-     {{Step::Line, {0, 0}}, {Step::Line, {1, 0}}, {Step::Line, {2, 0}}, {Step::Line, {3, 0}}},
-     {{{0, 0}, {1, 0}, {2, 0}}}},
-    {"capacity 0 builds nothing", 0, {{Step::Move, {0, 0}}, {Step::Line, {1, 0}}}, {}},
-    {"leaving and re-entering makes two polylines",
-     10,
-     {{Step::Move, {5, 5}},
-      {Step::ClippedLine, {15, 5}},
-      {Step::ClippedLine, {15, 8}},
-      {Step::ClippedLine, {5, 8}},
-      {Step::ClippedLine, {5, 9}}},
-     {{{5, 5}, {10, 5}}, {{10, 8}, {5, 8}, {5, 9}}}},
-    {"crossing from outside to outside",
-     10,
-     {{Step::Move, {-5, 5}},
-      {Step::ClippedLine, {15, 5}},
-      {Step::ClippedLine, {5, -5}},
-      {Step::ClippedLine, {-5, -5}}},
-     {{{0, 5}, {10, 5}}}},
-    {"a path that never enters builds nothing",
-     10,
-     {{Step::Move, {-5, -5}}, {Step::ClippedLine, {-5, 15}}, {Step::ClippedLine, {15, 15}}},
-     {}},
-    {"entering through a corner's edge and staying inside",
-     10,
-     {{Step::ClippedLine, {-2, 12}}, {Step::ClippedLine, {2, 8}}, {Step::ClippedLine, {4, 4}}},
-     {{{0, 10}, {2, 8}, {4, 4}}}},
+    // A move to the end point keeps the line going.
+    {5, "m1,1 l2,2 m2,2 l3,1", "1,1 2,2 3,1"},
+    // A move elsewhere starts another; lone points and repeats are dropped.
+    {5, "m1,1 l2,2 m5,5 m6,6 l7,6 l7,6 m9,9", "1,1 2,2 | 6,6 7,6"},
+    {3, "l0,0 l1,0 l2,0 l3,0", "0,0 1,0 2,0"},
+    {0, "m0,0 l1,0", ""},
+    // Leaving and coming back makes two polylines.
+    {10, "m5,5 c15,5 c15,8 c5,8 c5,9", "5,5 10,5 | 10,8 5,8 5,9"},
+    {10, "m-5,5 c15,5 c5,-5 c-5,-5", "0,5 10,5"},
+    {10, "m-5,-5 c-5,15 c15,15", ""},
+    {10, "c-2,12 c2,8 c4,4", "0,10 2,8 4,4"},
 };
 
-std::vector<Points> take(OsiList& list)
+// The polylines of the list in the cases' notation, each released.
+std::string take(OsiList& list)
 {
-	std::vector<Points> result;
-	while (void* element = list.removeFirst())
+	std::ostringstream out;
+	while (auto* polyline = static_cast<VGuiGfxPolyline*>(list.removeFirst()))
 	{
-		auto* polyline = static_cast<VGuiGfxPolyline*>(element);
-		Points points;
 		for (int i = 0; i < polyline->count(); ++i)
-			points.push_back(polyline->point(i));
-		result.push_back(points);
+			out << (i             ? " "
+			        : out.tellp() ? " | "
+			                      : "")
+			    << polyline->point(i).x << "," << polyline->point(i).y;
 		EXPECT_EQ(polyline->referenceCount(), 1);
 		polyline->release();
 	}
-	return result;
+	return out.str();
 }
 
 TEST(VGuiGfxPolylineBuilder, BuildsTheExpectedPolylines)
 {
-	const VGuiColour green(0, 255, 0);
 	for (const BuilderCase& c : kCases)
 	{
-		VGuiGfxPolylineBuilder builder(c.capacity, green, green, VSTGUI::kLineSolid, 1.0);
-		for (const Step& step : c.steps)
+		VGuiGfxPolylineBuilder builder(c.capacity, VGuiColour(), VGuiColour(), VSTGUI::kLineSolid,
+		                               1.0);
+		std::istringstream steps(c.steps);
+		char kind;
+		char comma;
+		VGuiPoint p;
+		while (steps >> kind >> p.x >> comma >> p.y)
 		{
-			if (step.kind == Step::Move)
-				builder.moveTo(step.p);
-			else if (step.kind == Step::Line)
-				builder.lineTo(step.p);
+			if (kind == 'm')
+				builder.moveTo(p);
+			else if (kind == 'l')
+				builder.lineTo(p);
 			else
-				builder.lineTo(step.p, kClip);
+				builder.lineTo(p, VGuiRect(0, 0, 10, 10));
 		}
 		OsiList list;
 		builder.putPolylines(list, false);
-		EXPECT_EQ(take(list), c.expected) << c.name;
+		EXPECT_EQ(take(list), c.polylines) << c.steps;
 	}
 }
 
 TEST(VGuiGfxPolylineBuilder, PutsAtTheFrontOrTheEnd)
 {
-	VGuiGfxPolyline* existing =
-	    new VGuiGfxPolyline(1, VGuiColour(), VGuiColour(), VSTGUI::kLineSolid, 1.0);
-	const Points a = {{0, 0}, {1, 0}};
-	const Points b = {{5, 0}, {6, 0}};
 	for (bool atFront : {true, false})
 	{
 		VGuiGfxPolylineBuilder builder(4, VGuiColour(1, 2, 3), VGuiColour(), VSTGUI::kLineOnOffDash,
 		                               2.5);
-		builder.lineTo(a[0]);
-		builder.lineTo(a[1]);
-		builder.moveTo(b[0]);
-		builder.lineTo(b[1]);
+		builder.lineTo(VGuiPoint(0, 0));
+		builder.lineTo(VGuiPoint(1, 0));
+		builder.moveTo(VGuiPoint(5, 0));
+		builder.lineTo(VGuiPoint(6, 0));
 		OsiList list;
-		list.append(existing);
+		int existing = 0;
+		list.append(&existing);
 		builder.putPolylines(list, atFront);
 		builder.putPolylines(list, atFront); // nothing left to hand on
-		auto* first = static_cast<VGuiGfxPolyline*>(atFront ? list.firstNode()->element()
-		                                                    : list.lastNode()->element());
+		EXPECT_EQ(atFront ? list.lastNode()->element() : list.removeFirst(), &existing);
+		list.remove(&existing);
+		auto* first = static_cast<VGuiGfxPolyline*>(list.firstNode()->element());
 		EXPECT_EQ(first->lineColour(), VGuiColour(1, 2, 3));
 		EXPECT_EQ(first->lineStyle(), VSTGUI::kLineOnOffDash);
-		EXPECT_EQ(first->lineWidth(), 2.5);
-		list.remove(existing);
-		const std::vector<Points> expected =
-		    atFront ? std::vector<Points>{b, a} : std::vector<Points>{a, b};
-		EXPECT_EQ(take(list), expected);
+		EXPECT_EQ(take(list), atFront ? "5,0 6,0 | 0,0 1,0" : "0,0 1,0 | 5,0 6,0");
 	}
-	existing->release();
 }
 
 } // namespace
