@@ -32,27 +32,16 @@ tresult PLUGIN_API NxVeloraController::terminate()
 	return EditController::terminate();
 }
 
+// Every pair that the record's count announces; an ID that the container
+// does not hold is skipped. Open editors follow whenever a record was read.
 tresult PLUGIN_API NxVeloraController::setComponentState(IBStream* state)
 {
-	StateRecordReader reader;
-	if (!reader.open(state))
+	const auto pairs = readStateRecord(state, [](int32 count) { return count; });
+	if (!pairs)
 		return kResultOk;
-	int32 count = 0;
-	if (reader.enterParameters(count))
-	{
-		// The count is the record's word: stop where its pairs run out.
-		for (int32 i = 0; i < count; ++i)
-		{
-			ParamID id = 0;
-			ParamValue value = 0.0;
-			const bool whole = reader.readPair(id, value);
-			if (Parameter* parameter = parameters.getParameter(id))
-				parameter->setNormalized(value);
-			if (!whole)
-				break;
-		}
-	}
-	reader.finish();
+	for (const auto& [id, value] : *pairs)
+		if (Parameter* parameter = parameters.getParameter(id))
+			parameter->setNormalized(value);
 	syncDependentViews();
 	return kResultOk;
 }

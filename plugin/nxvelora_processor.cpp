@@ -88,22 +88,13 @@ tresult PLUGIN_API NxVeloraProcessor::setActive(TBool state)
 	return Component::setActive(state);
 }
 
-// The processor takes the first pair of the record as the pan value; the
-// count and the ID are not checked. The next blocks glide to the new angle.
+// The processor takes the first pair of the record as the pan value, whatever
+// the count and the ID say. The next blocks glide to the new angle.
 tresult PLUGIN_API NxVeloraProcessor::setState(IBStream* state)
 {
-	StateRecordReader reader;
-	if (!reader.open(state))
-		return kResultOk;
-	int32 count = 0;
-	if (reader.enterParameters(count))
-	{
-		ParamID id = 0;
-		ParamValue value = 0.0;
-		reader.readPair(id, value);
-		setPanNormalized(value);
-	}
-	reader.finish();
+	const auto pairs = readStateRecord(state, [](int32) { return 1; });
+	if (pairs && !pairs->empty())
+		setPanNormalized(pairs->front().second);
 	return kResultOk;
 }
 

@@ -1,13 +1,49 @@
 #include "nxvelora_state.h"
 
+#include "persist/vststructuredfile.h"
+
 namespace Steinberg {
 namespace Vst {
 
 namespace {
+// The record's layout: its class, its one block and the block's fields.
 constexpr const char* kRecordClass = "NxVelora";
 constexpr int kRecordVersion = 1;
 constexpr const char* kParametersBlock = "Parameters";
 constexpr int kParametersVersion = 1;
+constexpr auto kCountType = TypedStream::kInt;
+constexpr auto kIdType = TypedStream::kUInt;
+constexpr auto kValueType = TypedStream::kDouble;
+
+// One (ID, value) pair; false when either field could not be read.
+bool readPair(VstStructuredFile& file, ParamID& id, ParamValue& value)
+{
+	id = 0;
+	value = 0.0;
+	const bool gotId = file.read(&id, kIdType, 1);
+	return file.read(&value, kValueType, 1) && gotId;
+}
+
+// The block's pairs: as many as the reader's rule asks for, or up to and
+// including the first pair cut short. The count is the record's word, so
+// the list only grows with what the stream really holds.
+ParameterValues readPairs(VstStructuredFile& file, PairsToRead pairsToRead)
+{
+	int32 count = 0;
+	file.read(&count, kCountType, 1);
+	ParameterValues pairs;
+	const int32 wanted = pairsToRead(count);
+	for (int32 i = 0; i < wanted; ++i)
+	{
+		ParamID id = 0;
+		ParamValue value = 0.0;
+		const bool whole = readPair(file, id, value);
+		pairs.emplace_back(id, value);
+		if (!whole)
+			break;
+	}
+	return pairs;
+}
 } // namespace
 
 void writeStateRecord(IBStream* stream, const ParameterValues& values)
@@ -20,47 +56,32 @@ void writeStateRecord(IBStream* stream, const ParameterValues& values)
 	if (file.beginClass(kParametersBlock, kParametersVersion, blockEnd))
 	{
 		const auto count = static_cast<int32>(values.size());
-		file.write(&count, TypedStream::kInt, 1);
+		file.write(&count, kCountType, 1);
 		for (const auto& [id, value] : values)
 		{
-			file.write(&id, TypedStream::kUInt, 1);
-			file.write(&value, TypedStream::kDouble, 1);
+			file.write(&id, kIdType, 1);
+			file.write(&value, kValueType, 1);
 		}
 		file.endBlock(blockEnd);
 	}
 	file.close(true);
 }
 
-bool StateRecordReader::open(IBStream* stream)
+std::optional<ParameterValues> readStateRecord(IBStream* stream, PairsToRead pairsToRead)
 {
+	VstStructuredFile file;
 	file.classNameAndVersion(kRecordClass, kRecordVersion);
-	return file.open(stream, false);
-}
-
-bool StateRecordReader::enterParameters(int32& count)
-{
-	inBlock = file.beginClass(kParametersBlock, kParametersVersion, blockEnd);
-	if (!inBlock)
-		return false;
-	count = 0;
-	file.read(&count, TypedStream::kInt, 1);
-	return true;
-}
-
-bool StateRecordReader::readPair(ParamID& id, ParamValue& value)
-{
-	id = 0;
-	value = 0.0;
-	const bool gotId = file.read(&id, TypedStream::kUInt, 1);
-	return file.read(&value, TypedStream::kDouble, 1) && gotId;
-}
-
-void StateRecordReader::finish()
-{
-	if (inBlock)
+	if (!file.open(stream, false))
+		return std::nullopt;
+	ParameterValues pairs;
+	long long blockEnd = 0;
+	if (file.beginClass(kParametersBlock, kParametersVersion, blockEnd))
+	{
+		pairs = readPairs(file, pairsToRead);
 		file.endBlock(blockEnd);
-	inBlock = false;
+	}
 	file.close(false);
+	return pairs;
 }
 
 } // namespace Vst

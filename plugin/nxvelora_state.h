@@ -3,13 +3,15 @@
 // value) pairs. Processor and controller write and read the same record.
 #pragma once
 
-#include "persist/vststructuredfile.h"
 #include "pluginterfaces/vst/vsttypes.h"
 
+#include <optional>
 #include <utility>
 #include <vector>
 
 namespace Steinberg {
+class IBStream;
+
 namespace Vst {
 
 using ParameterValues = std::vector<std::pair<ParamID, ParamValue>>;
@@ -17,25 +19,16 @@ using ParameterValues = std::vector<std::pair<ParamID, ParamValue>>;
 // Writes the record with the given pairs, in order.
 void writeStateRecord(IBStream* stream, const ParameterValues& values);
 
-// Reads a record. open() refuses anything but a complete "NxVelora" version 1
-// record; the fields inside the block are read unchecked, each cleared first,
-// so a record cut short yields zeros where nothing could be read.
-class StateRecordReader
-{
-public:
-	bool open(IBStream* stream);
-	// Enters the "Parameters" block (version 1); reads its pair count.
-	bool enterParameters(int32& count);
-	// True when both fields were there to read.
-	bool readPair(ParamID& id, ParamValue& value);
-	// Leaves the block (skipping what was not read) and closes the record.
-	void finish();
+// How many pairs a reader takes from a block whose count field says count:
+// each side has its own rule.
+using PairsToRead = int32 (*)(int32 count);
 
-private:
-	VstStructuredFile file;
-	long long blockEnd = 0;
-	bool inBlock = false;
-};
+// Reads a record's pairs; nothing unless the stream holds a complete
+// "NxVelora" version 1 record, and no pairs when it lacks the "Parameters"
+// block (version 1). The fields inside the block are read unchecked, each
+// cleared first: a pair cut short ends the list, with zeros where nothing
+// could be read.
+std::optional<ParameterValues> readStateRecord(IBStream* stream, PairsToRead pairsToRead);
 
 } // namespace Vst
 } // namespace Steinberg

@@ -4,6 +4,7 @@
 // read, and blocks copied into a file being written.
 #include "nxvelora_state.h"
 #include "persist/memory_stream.h"
+#include "persist/vststructuredfile.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -16,20 +17,7 @@ using velora_test::streamOf;
 
 void readAsStateRecord(const std::vector<uint8_t>& bytes)
 {
-	auto stream = streamOf(bytes);
-	StateRecordReader reader;
-	if (!reader.open(stream))
-		return;
-	int32 count = 0;
-	if (reader.enterParameters(count))
-		for (int32 i = 0; i < count; ++i)
-		{
-			ParamID id = 0;
-			ParamValue value = 0.0;
-			if (!reader.readPair(id, value))
-				break;
-		}
-	reader.finish();
+	readStateRecord(streamOf(bytes), [](int32 count) { return count; });
 }
 
 // Opens the bytes as a file of whatever class its header names.
