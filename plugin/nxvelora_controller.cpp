@@ -2,7 +2,7 @@
 
 #include "nxvelora_editor.h"
 #include "nxvelora_state.h"
-#include "pan_vstcommon.h"
+#include "pan_parameter.h"
 
 #include <algorithm>
 #include <cstring>
@@ -20,9 +20,7 @@ FUnknown* NxVeloraController::createInstance(void*)
 tresult PLUGIN_API NxVeloraController::initialize(FUnknown* context)
 {
 	const tresult result = EditController::initialize(context);
-	parameters.addParameter(new RangeParameter(
-	    STR16("Pan"), kPanParamId, STR16(""), kPanMinDegrees, kPanMaxDegrees, kPanDefaultDegrees, 0,
-	    ParameterInfo::kCanAutomate | ParameterInfo::kIsList, kRootUnitId));
+	parameters.addParameter(new PanParameter);
 	return result;
 }
 

@@ -43,19 +43,13 @@ inline double gainAt(double angle)
 }
 } // namespace
 
-PanParameter::PanParameter()
-: RangeParameter(STR16("Pan"), kPanParamId, STR16(""), kPanMinDegrees, kPanMaxDegrees,
-                 kPanDefaultDegrees, 0, ParameterInfo::kCanAutomate | ParameterInfo::kIsList,
-                 kRootUnitId)
-{}
-
-bool PanParameter::setNormalized(ParamValue v)
+bool ProcessorPanParameter::setNormalized(ParamValue v)
 {
 	valueNormalized = v < 0.0 ? 0.0 : (v > 1.0 ? 1.0 : v);
 	return true;
 }
 
-NxVeloraProcessor::NxVeloraProcessor() : panParameter(owned(new PanParameter))
+NxVeloraProcessor::NxVeloraProcessor() : panParameter(owned(new ProcessorPanParameter))
 {
 	setControllerClass(NxVeloraControllerUID);
 }

@@ -2,8 +2,8 @@
 // pan law.
 #pragma once
 
+#include "pan_parameter.h"
 #include "public.sdk/source/vst/vstaudioeffect.h"
-#include "public.sdk/source/vst/vstparameters.h"
 #include "velora_law.h"
 
 #include <memory>
@@ -15,10 +15,9 @@ namespace Vst {
 // host's normalised values to degrees, so setting it must stay real-time
 // safe: it skips the change notification of the SDK's parameter, which goes
 // through the update handler's lock.
-class PanParameter : public RangeParameter
+class ProcessorPanParameter : public PanParameter
 {
 public:
-	PanParameter();
 	bool setNormalized(ParamValue v) override;
 };
 
@@ -48,7 +47,7 @@ private:
 	void renderGlide(const float* in, float* left, float* right, int32 count);
 
 	std::unique_ptr<VeloraLaw> law;
-	IPtr<PanParameter> panParameter;
+	IPtr<ProcessorPanParameter> panParameter;
 	double currentAngle = 0.0;
 	double previousAngle = 0.0;
 };
