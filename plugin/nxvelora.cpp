@@ -1,6 +1,5 @@
 #include "nxvelora.h"
 
-#include "pan_vstcommon.h"
 #include "public.sdk/source/vst/vstaudioeffect.h"
 #include "public.sdk/source/vst/vsteditcontroller.h"
 
@@ -8,8 +7,6 @@
 
 namespace Steinberg {
 namespace Vst {
-
-const FUID NxVeloraTestFactory::cid(0x74731DBC, 0x99E64A00, 0x91362418, 0xE7301087);
 
 FUnknown* NxVeloraTestFactory::createInstance(void*)
 {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/source/fobject.h"
+#include "pan_vstcommon.h"
 #include "pluginterfaces/test/itest.h"
 #include "pluginterfaces/vst/ivsttestplugprovider.h"
 
@@ -12,7 +13,8 @@ namespace Vst {
 class NxVeloraTestFactory : public ITestFactory, public FObject
 {
 public:
-	static const FUID cid;
+	// The class identifier, kept with the module's other two.
+	static inline const FUID& cid = NxVeloraTestFactoryUID;
 	static FUnknown* createInstance(void*);
 
 	tresult PLUGIN_API createTests(FUnknown* context, ITestSuite* parentSuite) override;

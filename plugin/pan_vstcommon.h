@@ -9,10 +9,11 @@
 namespace Steinberg {
 namespace Vst {
 
-// Each unit that includes this header gets its own copies, built by static
-// initialisers when the module loads.
-static const FUID NxVeloraProcessorUID(0xC356A247, 0xA696417F, 0xBA6DB95A, 0x1B8DDC69);
-static const FUID NxVeloraControllerUID(0x79E776E5, 0xECD64C06, 0xBB7F0A47, 0x69541053);
+// The three classes' identifiers, each one object in the module, built by a
+// static initialiser when the module loads.
+inline const FUID NxVeloraProcessorUID(0xC356A247, 0xA696417F, 0xBA6DB95A, 0x1B8DDC69);
+inline const FUID NxVeloraControllerUID(0x79E776E5, 0xECD64C06, 0xBB7F0A47, 0x69541053);
+inline const FUID NxVeloraTestFactoryUID(0x74731DBC, 0x99E64A00, 0x91362418, 0xE7301087);
 
 constexpr const char* kVeloraVersion = "1.0.1.1";
 constexpr const char* kVeloraSdkVersion = "VST 3.6.0";
