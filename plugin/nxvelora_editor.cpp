@@ -1,6 +1,7 @@
 #include "nxvelora_editor.h"
 
 #include "nxvelora_controller.h"
+#include "nxvelora_editor_layout.h"
 #include "pan_vstcommon.h"
 #include "x11_runloop.h"
 
@@ -17,12 +18,13 @@ using namespace VSTGUI;
 
 namespace {
 constexpr int32 kIdleRateMs = 50;
-constexpr CCoord kKnobCentreX = 49;
-constexpr CCoord kKnobCentreY = 94;
-const CRect kLabelRect(170, 82, 225, 106);
-const CRect kDisplayRect(110, 82, 160, 106);
 const CColor kTextColour(0x20, 0x20, 0x20, 0xFF);
 constexpr int kDisplayPrecision = 1;
+
+CRect rectOf(const EditorLayout::Box& box)
+{
+	return CRect(box.left, box.top, box.right, box.bottom);
+}
 } // namespace
 
 NxVeloraEditorView::NxVeloraEditorView(NxVeloraController* controller)
@@ -49,8 +51,11 @@ bool PLUGIN_API NxVeloraEditorView::open(void* parent, const PlatformType& platf
 	const CCoord knobWidth = knobImage->getWidth();
 	const CCoord knobHeight = knobImage->getHeight();
 	CRect knobRect(0, 0, knobWidth, knobHeight);
-	knobRect.offset(kKnobCentreX - knobWidth / 2, kKnobCentreY - knobHeight / 2);
+	knobRect.offset(EditorLayout::kKnobCentreX - knobWidth / 2,
+	                EditorLayout::kKnobCentreY - knobHeight / 2);
 	knobControl = new CKnob(knobRect, this, kPanParamId, knobImage, nullptr, CPoint(0, 0), 0);
+	knobControl->setStartAngle(static_cast<float>(EditorLayout::kKnobStartAngle));
+	knobControl->setRangeAngle(static_cast<float>(EditorLayout::kKnobRangeAngle));
 	knobControl->setMin(0.f);
 	knobControl->setMax(1.f);
 	knobControl->setValue(static_cast<float>(owner->getParamNormalized(kPanParamId)));
@@ -58,10 +63,10 @@ bool PLUGIN_API NxVeloraEditorView::open(void* parent, const PlatformType& platf
 
 	SharedPointer<CFontDesc> valueFont = makeOwned<CFontDesc>("Arial", 20, kBoldFace);
 	SharedPointer<CFontDesc> labelFont = makeOwned<CFontDesc>("Arial", 14, kBoldFace);
-	auto* label = new CTextLabel(kLabelRect, "degrees");
+	auto* label = new CTextLabel(rectOf(EditorLayout::kLabelBox), "degrees");
 	initTextLabel(label, kTextColour, labelFont);
 	frame->addView(label);
-	valueDisplay = new CParamDisplay(kDisplayRect);
+	valueDisplay = new CParamDisplay(rectOf(EditorLayout::kDisplayBox));
 	initParamDisplay(valueDisplay, kPanParamId, kDisplayPrecision, kTextColour, valueFont);
 	frame->addView(valueDisplay);
 

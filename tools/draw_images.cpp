@@ -1,8 +1,10 @@
 // Draws the editor's two pictures: the panel (background.png) and the knob
-// (knob.png). The window takes its size from the panel; the knob sits centred
-// on (49, 94) and the value display and label in the band 110..225 x 82..106.
+// (knob.png), fitted to the editor's layout. The window takes its size from
+// the panel.
 //
 // usage: draw_images OUTPUT_DIR
+#include "nxvelora_editor_layout.h"
+
 #include <cairo.h>
 
 #include <cmath>
@@ -11,15 +13,7 @@
 
 namespace {
 
-constexpr int kPanelWidth = 240;
-constexpr int kPanelHeight = 150;
-constexpr int kKnobSize = 64;
-constexpr double kKnobX = 49.0;
-constexpr double kKnobY = 94.0;
-
-// VSTGUI's knob turns through 270 degrees, starting at the lower left.
-constexpr double kStartAngle = 0.75 * M_PI;
-constexpr double kRangeAngle = 1.5 * M_PI;
+using namespace Steinberg::Vst::EditorLayout;
 
 void roundedRect(cairo_t* cr, double x, double y, double w, double h, double r)
 {
@@ -59,10 +53,10 @@ void drawScale(cairo_t* cr)
 	const double inner = kKnobSize / 2.0 + 3;
 	for (int deg = -90; deg <= 90; deg += 15)
 	{
-		const double a = kStartAngle + (deg + 90) / 180.0 * kRangeAngle;
+		const double a = kKnobStartAngle + (deg + 90) / 180.0 * kKnobRangeAngle;
 		const double outer = inner + (deg % 45 == 0 ? 7 : 4);
-		cairo_move_to(cr, kKnobX + inner * std::cos(a), kKnobY + inner * std::sin(a));
-		cairo_line_to(cr, kKnobX + outer * std::cos(a), kKnobY + outer * std::sin(a));
+		cairo_move_to(cr, kKnobCentreX + inner * std::cos(a), kKnobCentreY + inner * std::sin(a));
+		cairo_line_to(cr, kKnobCentreX + outer * std::cos(a), kKnobCentreY + outer * std::sin(a));
 	}
 	cairo_set_source_rgb(cr, 0.13, 0.13, 0.13);
 	cairo_set_line_width(cr, 1.5);
@@ -70,17 +64,17 @@ void drawScale(cairo_t* cr)
 	// The zone beyond +-30 degrees, where the far channel turns phase-inverted.
 	for (int side : {-1, 1})
 	{
-		const double a0 = kStartAngle + (side < 0 ? 0.0 : 120.0 / 180.0) * kRangeAngle;
-		const double a1 = a0 + 60.0 / 180.0 * kRangeAngle;
-		cairo_arc(cr, kKnobX, kKnobY, inner - 1.5, a0, a1);
+		const double a0 = kKnobStartAngle + (side < 0 ? 0.0 : 120.0 / 180.0) * kKnobRangeAngle;
+		const double a1 = a0 + 60.0 / 180.0 * kKnobRangeAngle;
+		cairo_arc(cr, kKnobCentreX, kKnobCentreY, inner - 1.5, a0, a1);
 		cairo_set_source_rgb(cr, 0.80, 0.36, 0.18);
 		cairo_set_line_width(cr, 2.5);
 		cairo_stroke(cr);
 	}
 	cairo_set_source_rgb(cr, 0.13, 0.13, 0.13);
-	text(cr, kKnobX - 44, kKnobY + 48, 9, "L");
-	text(cr, kKnobX + 38, kKnobY + 48, 9, "R");
-	text(cr, kKnobX, kKnobY - 46, 9, "0", true);
+	text(cr, kKnobCentreX - 44, kKnobCentreY + 48, 9, "L");
+	text(cr, kKnobCentreX + 38, kKnobCentreY + 48, 9, "R");
+	text(cr, kKnobCentreX, kKnobCentreY - 46, 9, "0", true);
 }
 
 bool drawBackground(const std::string& path)
@@ -114,8 +108,12 @@ bool drawBackground(const std::string& path)
 	cairo_arc(cr, 170, 80, 46, 1.18 * M_PI, 1.82 * M_PI);
 	cairo_stroke(cr);
 
-	// Readout well for the value display and its label.
-	roundedRect(cr, 106, 80, 124, 28, 4);
+	// Readout well around the value display and its label.
+	const double wellLeft = kDisplayBox.left - 4;
+	const double wellTop = kDisplayBox.top - 2;
+	const double wellRight = kLabelBox.right + 5;
+	const double wellBottom = kDisplayBox.bottom + 2;
+	roundedRect(cr, wellLeft, wellTop, wellRight - wellLeft, wellBottom - wellTop, 4);
 	cairo_set_source_rgba(cr, 1, 1, 1, 0.55);
 	cairo_fill_preserve(cr);
 	cairo_set_source_rgb(cr, 0.45, 0.47, 0.46);
