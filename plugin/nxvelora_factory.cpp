@@ -6,8 +6,6 @@
 
 #include "public.sdk/source/main/pluginfactory.h"
 
-#include <mutex>
-
 namespace Steinberg {
 
 namespace {

@@ -71,12 +71,10 @@ tresult PLUGIN_API NxVeloraProcessor::initialize(FUnknown* context)
 	return result;
 }
 
+// getBusArrangement always answers a stereo output, so there is always an
+// output to activate.
 tresult PLUGIN_API NxVeloraProcessor::setActive(TBool state)
 {
-	SpeakerArrangement arr = 0;
-	if (getBusArrangement(kOutput, 0, arr) != kResultTrue || arr == 0 ||
-	    SpeakerArr::getChannelCount(arr) == 0)
-		return kResultFalse;
 	if (state)
 		law = std::make_unique<VeloraLaw>(processSetup.sampleRate);
 	return Component::setActive(state);
@@ -164,11 +162,6 @@ tresult PLUGIN_API NxVeloraProcessor::process(ProcessData& data)
 {
 	readParameterChanges(data.inputParameterChanges);
 	if (!law || data.numSamples < 1)
-		return kResultOk;
-
-	SpeakerArrangement outArr = 0;
-	if (getBusArrangement(kOutput, 0, outArr) != kResultTrue || outArr == 0 ||
-	    SpeakerArr::getChannelCount(outArr) < 2)
 		return kResultOk;
 	// A host that hands over no buffers gets nothing written.
 	if (data.numInputs < 1 || data.numOutputs < 1 || !data.inputs || !data.outputs ||

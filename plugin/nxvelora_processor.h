@@ -21,7 +21,7 @@ public:
 	bool setNormalized(ParamValue v) override;
 };
 
-class NxVeloraProcessor : public AudioEffect
+class NxVeloraProcessor final : public AudioEffect
 {
 public:
 	NxVeloraProcessor();
