@@ -35,7 +35,7 @@ std::vector<unsigned char> renderEditorPng(double degrees)
 	auto controller = Steinberg::owned(new NxVeloraController);
 	controller->initialize(nullptr);
 	controller->setParamNormalized(kPanParamId,
-	                               (degrees - kPanMinDegrees) / (kPanMaxDegrees - kPanMinDegrees));
+	                               controller->plainParamToNormalized(kPanParamId, degrees));
 	std::vector<unsigned char> png;
 	{
 		auto view = Steinberg::owned(
