@@ -101,6 +101,9 @@ OutputFile::OutputFile(const std::string& path, const OutputFormat& format, doub
 	integerSamples = isIntegerSubtype(format.sndfileFormat & SF_FORMAT_SUBMASK);
 	// Integer samples saturate at full scale instead of wrapping round.
 	sf_command(file, SFC_SET_CLIPPING, nullptr, SF_TRUE);
+	// No PEAK chunk: it carries the time of writing, and the same render must
+	// give the same bytes.
+	sf_command(file, SFC_SET_ADD_PEAK_CHUNK, nullptr, SF_FALSE);
 }
 
 OutputFile::~OutputFile()
