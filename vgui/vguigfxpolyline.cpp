@@ -5,11 +5,8 @@
 VGuiGfxPolyline::VGuiGfxPolyline(int count, const VGuiColour& lineColour,
                                  const VGuiColour& fillColour, const VSTGUI::CLineStyle& lineStyle,
                                  double lineWidth)
-: points(static_cast<size_t>(std::max(count, 0))),
-  line(lineColour),
-  fill(fillColour),
-  style(lineStyle),
-  width(lineWidth)
+: VGuiGfxObject(lineColour, fillColour, lineStyle, lineWidth),
+  points(static_cast<size_t>(std::max(count, 0)))
 {}
 
 VGuiGfxPolyline::VGuiGfxPolyline(const VGuiPoint* source, int count, const VGuiColour& lineColour,
@@ -18,6 +15,30 @@ VGuiGfxPolyline::VGuiGfxPolyline(const VGuiPoint* source, int count, const VGuiC
 : VGuiGfxPolyline(source ? count : 0, lineColour, fillColour, lineStyle, lineWidth)
 {
 	std::copy(source, source + points.size(), points.begin());
+	findExtent();
+}
+
+VGuiGfxObject* VGuiGfxPolyline::copy() const
+{
+	return new VGuiGfxPolyline(*this);
+}
+
+void VGuiGfxPolyline::draw(VSTGUI::CDrawContext* context, const VGuiRect&) const
+{
+	if (points.size() < 2)
+		return;
+	drawShape(context, [this](VSTGUI::CGraphicsPath& path) {
+		path.beginSubpath(points.front().toCPoint());
+		for (size_t i = 1; i < points.size(); ++i)
+			path.addLine(points[i].toCPoint());
+	});
+}
+
+void VGuiGfxPolyline::moveBy(const VGuiPoint& d)
+{
+	for (VGuiPoint& p : points)
+		p += d;
+	VGuiGfxObject::moveBy(d);
 }
 
 VGuiPoint VGuiGfxPolyline::point(int i) const
@@ -33,24 +54,5 @@ void VGuiGfxPolyline::point(const VGuiPoint& p, int i)
 
 void VGuiGfxPolyline::findExtent()
 {
-	if (points.empty())
-	{
-		bounds = VGuiRect();
-		return;
-	}
-	bounds = VGuiRect(points[0].x, points[0].y, points[0].x, points[0].y);
-	for (const VGuiPoint& p : points)
-	{
-		bounds.left = std::min(bounds.left, p.x);
-		bounds.top = std::min(bounds.top, p.y);
-		bounds.right = std::max(bounds.right, p.x);
-		bounds.bottom = std::max(bounds.bottom, p.y);
-	}
-}
-
-void VGuiGfxPolyline::moveBy(const VGuiPoint& d)
-{
-	for (VGuiPoint& p : points)
-		p += d;
-	bounds.moveBy(d);
+	setExtent(around(points.data(), count()));
 }

@@ -1,0 +1,125 @@
+// Graphic objects drawn into a real offscreen VSTGUI context (cairo) and read
+// back pixel by pixel: each kind paints inside its physical extent and
+// nowhere else, with its colours where they belong.
+#include "offscreen_canvas.h"
+
+#include "vgui/vguigfxgroup.h"
+#include "vgui/vguigfxline.h"
+#include "vgui/vguigfxpolyline.h"
+#include "vgui/vguigfxrectangle.h"
+#include "vgui/vguigfxtext.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+
+namespace velora_test {
+namespace {
+
+using VSTGUI::CDrawContext;
+using VSTGUI::kLineSolid;
+
+const VGuiColour kWhite(255, 255, 255);
+const VGuiColour kRed(200, 30, 30);
+const VGuiColour kBlue(30, 30, 200);
+const VGuiColour kNone(0, 0, 0, 0);
+constexpr int kSize = 80;
+
+bool near(const VGuiColour& a, const VGuiColour& b)
+{
+	return std::abs(a.red - b.red) <= 2 && std::abs(a.green - b.green) <= 2 &&
+	       std::abs(a.blue - b.blue) <= 2;
+}
+
+struct KindCase
+{
+	const char* name;
+	std::function<VGuiGfxObject*(CDrawContext*)> make;
+	// A pixel that must show the fill colour, when the kind has one.
+	int fillX, fillY;
+	VGuiColour fill;
+};
+
+VGuiGfxObject* text(CDrawContext* context, double angle)
+{
+	auto* t = new VGuiGfxText("Hz", VGuiFont("Arial", 14, 0), {40, 40}, kBlue, kRed,
+	                          VSTGUI::kCenterText, angle);
+	t->findExtent(context);
+	return t;
+}
+
+VGuiGfxObject* movedGroup(CDrawContext*)
+{
+	auto* g = new VGuiGfxGroup;
+	g->append(new VGuiGfxRectangle({0, 0, 10, 10}, kNone, kRed, kLineSolid, 0.0));
+	g->append(new VGuiGfxRectangle({15, 15, 25, 25}, kNone, kRed, kLineSolid, 0.0));
+	g->findExtent();
+	g->moveBy({30, 30});
+	return g;
+}
+
+const KindCase kKinds[] = {
+    {"rectangle",
+     [](CDrawContext*) {
+	     return new VGuiGfxRectangle({10, 20, 60, 50}, kBlue, kRed, kLineSolid, 4);
+     },
+     35, 35, kRed},
+    {"line",
+     [](CDrawContext*) {
+	     return new VGuiGfxLine({10, 70}, {70, 10}, kBlue, kLineSolid, 3);
+     },
+     40, 40, kBlue},
+    {"polyline",
+     [](CDrawContext*) {
+	     const VGuiPoint zigzag[] = {{10, 60}, {30, 20}, {50, 60}, {70, 20}};
+	     return new VGuiGfxPolyline(zigzag, 4, kBlue, kNone, kLineSolid, 3);
+     },
+     20, 40, kBlue},
+    {"text", [](CDrawContext* c) { return text(c, 0); }, -1, -1, kNone},
+    {"text at 90 degrees", [](CDrawContext* c) { return text(c, 90); }, -1, -1, kNone},
+    {"group, moved", movedGroup, 35, 35, kRed},
+};
+
+TEST(VGuiGfxDrawing, EachKindPaintsInsideItsPhysicalExtentOnly)
+{
+	for (const KindCase& k : kKinds)
+	{
+		OffscreenCanvas canvas(kSize, kSize);
+		VGuiGfxObject* object = k.make(canvas.get());
+		object->draw(canvas.get(), VGuiRect(0, 0, kSize, kSize));
+		// Antialiasing may tint the pixel rows that the extent's edges cut.
+		const VGuiRect allowed = VGuiGfxObject::grown(object->physicalExtent(), 1.0);
+		int inked = 0;
+		int stray = 0;
+		for (int y = 0; y < kSize; ++y)
+			for (int x = 0; x < kSize; ++x)
+				if (canvas.pixel(x, y) != kWhite)
+				{
+					++inked;
+					stray += !(allowed.left <= x && x < allowed.right && allowed.top <= y &&
+					           y < allowed.bottom);
+				}
+		EXPECT_GT(inked, 20) << k.name;
+		EXPECT_EQ(stray, 0) << k.name;
+		if (k.fillX >= 0)
+		{
+			EXPECT_TRUE(near(canvas.pixel(k.fillX, k.fillY), k.fill)) << k.name;
+		}
+		object->release();
+	}
+}
+
+TEST(VGuiGfxDrawing, GroupDrawsOnlyWhatReachesTheUpdate)
+{
+	OffscreenCanvas canvas(kSize, kSize);
+	VGuiGfxGroup group;
+	group.append(new VGuiGfxRectangle({0, 0, 20, 20}, kNone, kRed, kLineSolid, 0));
+	group.append(new VGuiGfxRectangle({40, 40, 60, 60}, kNone, kRed, kLineSolid, 0));
+	group.draw(canvas.get(), VGuiRect(50, 50, 80, 80));
+	EXPECT_EQ(canvas.pixel(10, 10), kWhite);
+	EXPECT_EQ(canvas.pixel(45, 45), kRed); // the whole object, not only the update
+}
+
+} // namespace
+} // namespace velora_test

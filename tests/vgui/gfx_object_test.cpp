@@ -1,0 +1,146 @@
+// Hit tests, button states and groups of the graphic objects.
+#include "offscreen_canvas.h"
+
+#include "vgui/vguigfxgroup.h"
+#include "vgui/vguigfxline.h"
+#include "vgui/vguigfxpolyline.h"
+#include "vgui/vguigfxpolylinebuilder.h"
+#include "vgui/vguigfxrectangle.h"
+#include "vgui/vguigfxtext.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace velora_test {
+namespace {
+
+using VSTGUI::kLineSolid;
+
+const VGuiColour kInk(0, 0, 0);
+
+struct HitCase
+{
+	double margin;
+	double width;
+	VGuiRect probe; // a point when right and bottom are equal to left and top
+	bool in;
+};
+
+// The extent is (10, 10, 20, 20).
+const HitCase kHits[] = {
+    {0, 0, {10, 10, 10, 10}, true},
+    {0, 0, {19.99, 19.99, 19.99, 19.99}, true},
+    {0, 0, {20, 15, 20, 15}, false}, // right edge
+    {0, 0, {15, 20, 15, 20}, false}, // bottom edge
+    {0, 0, {9.99, 15, 9.99, 15}, false},
+    {1, 2, {8, 8, 8, 8}, true}, // grown by the margin and half the width
+    {1, 2, {21.9, 21.9, 21.9, 21.9}, true},
+    {1, 2, {22, 15, 22, 15}, false},
+    {0, 0, {20, 10, 30, 20}, true},  // sharing an edge: a line is not empty
+    {0, 0, {20, 20, 30, 30}, false}, // sharing a corner only
+    {0, 0, {21, 0, 30, 30}, false},
+    {1, 0, {21, 0, 30, 30}, true},
+};
+
+TEST(VGuiGfxObject, HitTestsLeaveTheRightAndBottomEdgesOutside)
+{
+	for (const HitCase& c : kHits)
+	{
+		VGuiGfxRectangle r({10, 10, 20, 20}, kInk, kInk, kLineSolid, c.width);
+		r.setMargin(c.margin);
+		const bool point = c.probe.left == c.probe.right && c.probe.top == c.probe.bottom;
+		EXPECT_EQ(point ? r.isIn(c.probe.topLeft()) : r.isIn(c.probe), c.in)
+		    << c.probe.left << "," << c.probe.top << " margin " << c.margin;
+	}
+}
+
+TEST(VGuiGfxText, HitTestFollowsTheTurnedBox)
+{
+	OffscreenCanvas canvas(10, 10);
+	// A wide text turned upwards about its top-left corner at (100, 100):
+	// it stands on the anchor's right, above it.
+	VGuiGfxText text("a long line of text", VGuiFont("Arial", 12, 0), {100, 100}, kInk, kInk,
+	                 VSTGUI::kLeftText, 90);
+	text.findExtent(canvas.get());
+	const VGuiRect e = text.extent();
+	EXPECT_GT(e.height(), 3 * e.width());
+	EXPECT_NEAR(e.left, 100, 0.01);
+	EXPECT_NEAR(e.bottom, 100, 0.01);
+	EXPECT_TRUE(text.isIn(VGuiPoint(102, 98)));
+	EXPECT_FALSE(text.isIn(VGuiPoint(120, 102))); // where the text would be, unturned
+	text.moveBy({-50, 0});
+	EXPECT_TRUE(text.isIn(VGuiPoint(52, 98)));
+	EXPECT_EQ(text.origin(), VGuiPoint(50, 100));
+}
+
+TEST(VGuiGfxGroup, HoldsMovesCopiesAndReleases)
+{
+	auto* line = new VGuiGfxLine({1, 2}, {5, 8}, kInk, kLineSolid, 1);
+	auto* kept = new VGuiGfxRectangle({10, 10, 20, 20}, kInk, kInk, kLineSolid, 1);
+	kept->lock(); // the test keeps a reference of its own
+	{
+		VGuiGfxGroup group;
+		group.append(line);
+		group.insert(kept);
+		group.insert(nullptr);
+		group.findExtent();
+		EXPECT_EQ(group.count(), 2);
+		EXPECT_EQ(group.extent(), VGuiRect(1, 2, 20, 20));
+
+		group.moveBy({10, 100});
+		EXPECT_EQ(line->origin(), VGuiPoint(11, 102));
+		EXPECT_EQ(line->to(), VGuiPoint(15, 108));
+		EXPECT_EQ(kept->extent(), VGuiRect(20, 110, 30, 120));
+		EXPECT_EQ(group.extent(), VGuiRect(11, 102, 30, 120));
+
+		VGuiGfxObject* copy = group.copy();
+		EXPECT_EQ(copy->extent(), group.extent());
+		static_cast<VGuiGfxGroup*>(copy)->list().forEach([&](VGuiGfxObject* o) {
+			EXPECT_NE(o, line);
+			EXPECT_NE(o, kept);
+		});
+		copy->release();
+
+		std::vector<VGuiGfxObject*> order;
+		group.list().forEach([&](VGuiGfxObject* o) { order.push_back(o); });
+		EXPECT_EQ(order, (std::vector<VGuiGfxObject*>{kept, line}));
+		EXPECT_EQ(kept->referenceCount(), 2);
+		group.deleteAll();
+		EXPECT_EQ(group.count(), 0);
+		EXPECT_EQ(kept->referenceCount(), 1);
+
+		group.append(kept);
+		group.removeAll();
+		EXPECT_EQ(kept->referenceCount(), 1);
+	}
+	EXPECT_EQ(kept->referenceCount(), 1);
+	kept->release();
+}
+
+TEST(VGuiGfxGroup, TakesTheBuildersPolylinesInOrder)
+{
+	for (bool atFront : {false, true})
+	{
+		VGuiGfxPolylineBuilder builder(8, kInk, kInk, kLineSolid, 1);
+		builder.moveTo({0, 0});
+		builder.lineTo({1, 0});
+		builder.moveTo({5, 5});
+		builder.lineTo({6, 7});
+		VGuiGfxGroup group;
+		group.append(new VGuiGfxLine({50, 50}, {60, 60}, kInk, kLineSolid, 1));
+		group.takePolylines(builder, atFront);
+		std::vector<VGuiPoint> origins;
+		group.list().forEach([&](VGuiGfxObject* o) { origins.push_back(o->origin()); });
+		const std::vector<VGuiPoint> expected =
+		    atFront ? std::vector<VGuiPoint>{{5, 5}, {0, 0}, {50, 50}}
+		            : std::vector<VGuiPoint>{{50, 50}, {0, 0}, {5, 5}};
+		EXPECT_EQ(origins, expected);
+		group.findExtent();
+		EXPECT_EQ(group.extent(), VGuiRect(0, 0, 60, 60));
+	}
+}
+
+} // namespace
+} // namespace velora_test
