@@ -3,10 +3,15 @@
 // nowhere else, with its colours where they belong.
 #include "offscreen_canvas.h"
 
+#include "vgui/vguigfxbitmap.h"
+#include "vgui/vguigfxellipse.h"
+#include "vgui/vguigfxframeborder.h"
 #include "vgui/vguigfxgroup.h"
 #include "vgui/vguigfxline.h"
+#include "vgui/vguigfxpath.h"
 #include "vgui/vguigfxpolyline.h"
 #include "vgui/vguigfxrectangle.h"
+#include "vgui/vguigfxroundrectangle.h"
 #include "vgui/vguigfxtext.h"
 
 #include <gtest/gtest.h>
@@ -41,12 +46,36 @@ struct KindCase
 	VGuiColour fill;
 };
 
+VGuiGfxObject* triangle(CDrawContext* context)
+{
+	auto* path = new VGuiGfxPath({10, 10, 70, 70}, kBlue, kRed, kLineSolid, 2.0);
+	if (VSTGUI::CGraphicsPath* p = path->beginPath(context))
+	{
+		p->beginSubpath(10, 70);
+		p->addLine(40, 10);
+		p->addLine(70, 70);
+	}
+	path->endPath();
+	path->moveBy({4, 5});
+	return path;
+}
+
 VGuiGfxObject* text(CDrawContext* context, double angle)
 {
 	auto* t = new VGuiGfxText("Hz", VGuiFont("Arial", 14, 0), {40, 40}, kBlue, kRed,
 	                          VSTGUI::kCenterText, angle);
 	t->findExtent(context);
 	return t;
+}
+
+VGuiGfxObject* bitmap(CDrawContext*)
+{
+	auto source = VSTGUI::COffscreenContext::create(VSTGUI::CPoint(20, 10));
+	source->beginDraw();
+	source->setFillColor(kRed.toCColor());
+	source->drawRect(VSTGUI::CRect(0, 0, 20, 10), VSTGUI::kDrawFilled);
+	source->endDraw();
+	return new VGuiGfxBitmap(source->getBitmap(), {30, 35}, kWhite);
 }
 
 VGuiGfxObject* movedGroup(CDrawContext*)
@@ -65,6 +94,17 @@ const KindCase kKinds[] = {
 	     return new VGuiGfxRectangle({10, 20, 60, 50}, kBlue, kRed, kLineSolid, 4);
      },
      35, 35, kRed},
+    {"round rectangle",
+     [](CDrawContext*) {
+	     return new VGuiGfxRoundRectangle({10, 10, 70, 40}, 12, kBlue, kRed, kLineSolid, 2);
+     },
+     40, 25, kRed},
+    {"ellipse",
+     [](CDrawContext*) {
+	     return new VGuiGfxEllipse(VGuiPoint(40, 40), 30, 15, kBlue, kRed, kLineSolid, 3);
+     },
+     40, 40, kRed},
+    {"path, moved", triangle, 44, 55, kRed},
     {"line",
      [](CDrawContext*) {
 	     return new VGuiGfxLine({10, 70}, {70, 10}, kBlue, kLineSolid, 3);
@@ -78,6 +118,12 @@ const KindCase kKinds[] = {
      20, 40, kBlue},
     {"text", [](CDrawContext* c) { return text(c, 0); }, -1, -1, kNone},
     {"text at 90 degrees", [](CDrawContext* c) { return text(c, 90); }, -1, -1, kNone},
+    {"bitmap", bitmap, 40, 40, kRed},
+    {"frame border",
+     [](CDrawContext*) {
+	     return new VGuiGfxFrameBorder({20, 20, 60, 60}, 6, kRed, kBlue, 0);
+     },
+     20, 17, kRed},
     {"group, moved", movedGroup, 35, 35, kRed},
 };
 
@@ -119,6 +165,32 @@ TEST(VGuiGfxDrawing, GroupDrawsOnlyWhatReachesTheUpdate)
 	group.draw(canvas.get(), VGuiRect(50, 50, 80, 80));
 	EXPECT_EQ(canvas.pixel(10, 10), kWhite);
 	EXPECT_EQ(canvas.pixel(45, 45), kRed); // the whole object, not only the update
+}
+
+struct BorderCase
+{
+	int style;
+	// The top side's outer and inner half; the bottom side shows the other
+	// colour of each.
+	bool outerLit, innerLit;
+};
+
+const BorderCase kBorders[] = {
+    {0, true, true}, {1, false, false}, {2, false, true}, {3, true, false}};
+
+TEST(VGuiGfxDrawing, FrameBorderStylesLightTheirSides)
+{
+	for (const BorderCase& c : kBorders)
+	{
+		OffscreenCanvas canvas(kSize, kSize);
+		VGuiGfxFrameBorder({20, 20, 60, 60}, 8, kRed, kBlue, c.style)
+		    .draw(canvas.get(), VGuiRect(0, 0, kSize, kSize));
+		EXPECT_EQ(canvas.pixel(40, 13), c.outerLit ? kRed : kBlue) << c.style;
+		EXPECT_EQ(canvas.pixel(40, 18), c.innerLit ? kRed : kBlue) << c.style;
+		EXPECT_EQ(canvas.pixel(40, 66), c.outerLit ? kBlue : kRed) << c.style;
+		EXPECT_EQ(canvas.pixel(40, 61), c.innerLit ? kBlue : kRed) << c.style;
+		EXPECT_EQ(canvas.pixel(40, 40), kWhite) << c.style;
+	}
 }
 
 } // namespace

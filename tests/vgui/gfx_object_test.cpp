@@ -1,6 +1,7 @@
 // Hit tests, button states and groups of the graphic objects.
 #include "offscreen_canvas.h"
 
+#include "vgui/vguigfxframeborder.h"
 #include "vgui/vguigfxgroup.h"
 #include "vgui/vguigfxline.h"
 #include "vgui/vguigfxpolyline.h"
@@ -140,6 +141,17 @@ TEST(VGuiGfxGroup, TakesTheBuildersPolylinesInOrder)
 		group.findExtent();
 		EXPECT_EQ(group.extent(), VGuiRect(0, 0, 60, 60));
 	}
+}
+
+TEST(VGuiGfxFrameBorder, InitIgnoresUnknownStyles)
+{
+	VGuiGfxFrameBorder border({10, 10, 20, 20}, 3, kInk, kInk, 1);
+	EXPECT_EQ(border.extent(), VGuiRect(7, 7, 23, 23));
+	border.init({0, 0, 5, 5}, 1, 4);
+	border.init({0, 0, 5, 5}, 1, -1);
+	EXPECT_EQ(border.extent(), VGuiRect(7, 7, 23, 23));
+	border.init({0, 0, 5, 5}, 1, 3);
+	EXPECT_EQ(border.extent(), VGuiRect(-1, -1, 6, 6));
 }
 
 } // namespace
