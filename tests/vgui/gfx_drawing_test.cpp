@@ -4,6 +4,7 @@
 #include "offscreen_canvas.h"
 
 #include "vgui/vguigfxbitmap.h"
+#include "vgui/vguigfxbutton.h"
 #include "vgui/vguigfxellipse.h"
 #include "vgui/vguigfxframeborder.h"
 #include "vgui/vguigfxgroup.h"
@@ -119,6 +120,11 @@ const KindCase kKinds[] = {
     {"text", [](CDrawContext* c) { return text(c, 0); }, -1, -1, kNone},
     {"text at 90 degrees", [](CDrawContext* c) { return text(c, 90); }, -1, -1, kNone},
     {"bitmap", bitmap, 40, 40, kRed},
+    {"button",
+     [](CDrawContext*) {
+	     return new VGuiGfxButton({20, 20, 60, 40}, kBlue, kRed, false, false);
+     },
+     40, 30, kRed},
     {"frame border",
      [](CDrawContext*) {
 	     return new VGuiGfxFrameBorder({20, 20, 60, 60}, 6, kRed, kBlue, 0);
@@ -190,6 +196,30 @@ TEST(VGuiGfxDrawing, FrameBorderStylesLightTheirSides)
 		EXPECT_EQ(canvas.pixel(40, 66), c.outerLit ? kBlue : kRed) << c.style;
 		EXPECT_EQ(canvas.pixel(40, 61), c.innerLit ? kBlue : kRed) << c.style;
 		EXPECT_EQ(canvas.pixel(40, 40), kWhite) << c.style;
+	}
+}
+
+TEST(VGuiGfxDrawing, ButtonFaceLightensOnHoverAndDarkensWhenPushed)
+{
+	struct Look
+	{
+		bool inside, pressed;
+		int lightness; // against the face colour's: -1 darker, 0 the same, 1 lighter
+	};
+	const Look looks[] = {{false, false, 0}, {true, false, 1}, {true, true, -1}, {false, true, 0}};
+	const VGuiColour face(100, 140, 180);
+	for (const Look& l : looks)
+	{
+		OffscreenCanvas canvas(kSize, kSize);
+		VGuiGfxButton({10, 10, 50, 30}, kBlue, face, l.inside, l.pressed)
+		    .draw(canvas.get(), VGuiRect(0, 0, kSize, kSize));
+		const int drawn = canvas.pixel(30, 20).toHLS().lightness;
+		const int base = face.toHLS().lightness;
+		EXPECT_EQ((drawn > base + 2) - (drawn < base - 2), l.lightness)
+		    << l.inside << l.pressed << " " << drawn;
+		// The frame lies inside the extent.
+		EXPECT_EQ(canvas.pixel(10, 20), kBlue);
+		EXPECT_EQ(canvas.pixel(50, 20), kWhite);
 	}
 }
 

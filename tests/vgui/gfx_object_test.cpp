@@ -1,6 +1,8 @@
 // Hit tests, button states and groups of the graphic objects.
 #include "offscreen_canvas.h"
 
+#include "vgui/vguigfxbutton.h"
+#include "vgui/vguigfxbuttongroup.h"
 #include "vgui/vguigfxframeborder.h"
 #include "vgui/vguigfxgroup.h"
 #include "vgui/vguigfxline.h"
@@ -74,6 +76,79 @@ TEST(VGuiGfxText, HitTestFollowsTheTurnedBox)
 	text.moveBy({-50, 0});
 	EXPECT_TRUE(text.isIn(VGuiPoint(52, 98)));
 	EXPECT_EQ(text.origin(), VGuiPoint(50, 100));
+}
+
+struct ButtonCase
+{
+	int state;
+	bool inside, pressed, hit;
+	bool insideAfter, pressedAfter, changed;
+};
+
+const ButtonCase kButtonCases[] = {
+    {0, true, true, false, true, true, false},
+    {VGuiGfxPointerMoved, false, false, true, true, false, true},
+    {VGuiGfxPointerMoved, true, true, true, true, true, false},
+    {VGuiGfxPointerMoved, true, true, false, false, true, true},
+    {VGuiGfxPointerLeft, true, true, true, false, true, true},
+    {VGuiGfxPointerLeft, false, false, true, false, false, false},
+    {VGuiGfxButtonPressed, false, false, true, true, true, true},
+    {VGuiGfxButtonPressed, true, false, true, true, true, true},
+    {VGuiGfxButtonPressed, true, true, true, true, true, false},
+    {VGuiGfxButtonPressed, false, true, false, false, false, true},
+    {VGuiGfxButtonPressed, false, false, false, false, false, false},
+    {VGuiGfxButtonPressed, true, true, false, false, false, true},
+    {VGuiGfxButtonReleased, true, true, true, true, false, true},
+    {VGuiGfxButtonReleased, true, false, true, true, false, false},
+    {VGuiGfxButtonReleased, false, false, true, true, false, true},
+    {VGuiGfxButtonReleased, false, true, false, false, false, true},
+    {5, false, true, true, false, true, false},
+};
+
+TEST(VGuiGfxButton, StateTransitionsAndRepaint)
+{
+	const VGuiRect extent(10, 10, 20, 20);
+	for (const ButtonCase& c : kButtonCases)
+	{
+		VGuiGfxButton button(extent, kInk, kInk, c.inside, c.pressed);
+		VGuiRect repaint;
+		const VGuiPoint pointer = c.hit ? VGuiPoint(15, 15) : VGuiPoint(25, 15);
+		const bool changed = button.state(static_cast<VGuiGfxState>(c.state), pointer, repaint);
+		const std::string row = "state " + std::to_string(c.state) + " inside " +
+		                        std::to_string(c.inside) + " pressed " + std::to_string(c.pressed) +
+		                        " hit " + std::to_string(c.hit);
+		EXPECT_EQ(changed, c.changed) << row;
+		EXPECT_EQ(button.inside(), c.insideAfter) << row;
+		EXPECT_EQ(button.pressed(), c.pressedAfter) << row;
+		EXPECT_EQ(repaint, c.changed ? extent : VGuiRect()) << row;
+	}
+	VGuiGfxButton button(extent, kInk, kInk, false, false);
+	VGuiRect repaint(0, 0, 5, 5);
+	EXPECT_TRUE(button.state(VGuiGfxPointerMoved, {12, 12}, repaint));
+	EXPECT_EQ(repaint, VGuiRect(0, 0, 20, 20));
+}
+
+TEST(VGuiGfxButtonGroup, ButtonsShareTheGroupsHitTest)
+{
+	VGuiGfxButtonGroup group;
+	group.append(new VGuiGfxButton({0, 0, 10, 10}, kInk, kInk, false, false));
+	group.append(new VGuiGfxLine({0, 0}, {30, 5}, kInk, kLineSolid, 1)); // has no state
+	group.append(new VGuiGfxButton({20, 0, 30, 10}, kInk, kInk, false, false));
+	group.findExtent();
+	VGuiRect repaint;
+	EXPECT_FALSE(group.state(VGuiGfxPointerMoved, {35, 5}, repaint));
+	// Between the buttons, inside neither, but inside the group: both light up.
+	EXPECT_TRUE(group.state(VGuiGfxPointerMoved, {15, 5}, repaint));
+	EXPECT_EQ(repaint, VGuiRect(0, 0, 30, 10));
+	int inside = 0;
+	group.list().forEach([&](VGuiGfxObject* o) {
+		if (auto* b = dynamic_cast<VGuiGfxButton*>(o))
+			inside += b->inside();
+	});
+	EXPECT_EQ(inside, 2);
+	repaint = VGuiRect();
+	EXPECT_TRUE(group.state(VGuiGfxButtonReleased, {35, 5}, repaint));
+	EXPECT_EQ(repaint, VGuiRect(0, 0, 30, 10));
 }
 
 TEST(VGuiGfxGroup, HoldsMovesCopiesAndReleases)
