@@ -60,7 +60,7 @@ double VGuiGraphAxisTicks::niceStep(double least, int level)
 int VGuiGraphAxisTicks::engineeringExponent(double lo, double hi)
 {
 	const double largest = std::max(std::fabs(lo), std::fabs(hi));
-	if (largest == 0.0 || !std::isfinite(largest) || (largest < 1e4 && largest >= 1e-3))
+	if (largest == 0.0 || !std::isfinite(largest) || (largest < 1e4 && largest >= 1e-2))
 		return 0;
 	return 3 * static_cast<int>(std::floor(std::log10(largest) / 3.0));
 }

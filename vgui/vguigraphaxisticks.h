@@ -24,7 +24,7 @@ public:
 	// least: level 0 is that step, 1 the next larger one, and so on.
 	static double niceStep(double least, int level);
 	// The power of ten, a multiple of 3, that the labels of lo .. hi are
-	// divided by so that none reads longer than four figures before or three
+	// divided by so that none reads longer than four figures before or two
 	// zeros after the point; 0 for ranges that read well as they are.
 	static int engineeringExponent(double lo, double hi);
 

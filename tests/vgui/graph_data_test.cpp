@@ -87,8 +87,8 @@ TEST(VGuiGraphAxisTicks, StepsRunOneTwoFive)
 
 // Ranges that read well as they are, and those whose labels take out 10^n.
 const double kExponentCases[][3] = {
-    {0, 1, 0},     {-3.7, 12.2, 0}, {0, 9999, 0},    {0, 20000, 3},
-    {0, 5e-4, -6}, {-2e7, 1e6, 6},  {1e-3, 2e-3, 0}, {0, 0, 0},
+    {0, 1, 0},      {-3.7, 12.2, 0},  {0, 9999, 0},    {0, 20000, 3}, {0, 5e-4, -6},
+    {-2e7, 1e6, 6}, {1e-3, 2e-3, -3}, {0.01, 0.02, 0}, {0, 0, 0},
 };
 
 TEST(VGuiGraphAxisTicks, TakesOutEngineeringExponentsOfLongNumbers)
