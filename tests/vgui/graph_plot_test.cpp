@@ -1,0 +1,154 @@
+// Plots drawn into a real offscreen VSTGUI context: the pixels of a line lie
+// where the axes' mapping puts the data, nothing is drawn outside the plot
+// area, and scatter markers sit on the visible points only.
+#include "graph_host.h"
+#include "offscreen_canvas.h"
+
+#include "vgui/vguilineplot.h"
+#include "vgui/vguiscatterplot.h"
+#include "vgui/vguisimplescatterplotmarker.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace velora_test {
+namespace {
+
+// A graph of 0 .. 10 on both axes, shown by a recording view.
+struct PlotFixture
+{
+	PlotFixture()
+	{
+		view.show(graph.get());
+		graph->autoScale(false, false);
+		graph->range({10, 10, 0}, {0, 0, 0}, {});
+	}
+
+	VGuiReference<VGuiGraphData> data(std::initializer_list<VGuiGraphPoint> points)
+	{
+		auto d = made(new VGuiGraphData(static_cast<int>(points.size()), 1));
+		int i = 0;
+		for (const VGuiGraphPoint& p : points)
+			(*d)[i++] = p;
+		return d;
+	}
+
+	// The pixels, by centre, that the plot colours (green, unlike the grey
+	// and black of the frame, grid and background).
+	std::vector<VGuiPoint> greenPixels()
+	{
+		OffscreenCanvas canvas(400, 300);
+		graph->paint(canvas.get(), graph->extent());
+		std::vector<VGuiPoint> found;
+		for (int y = 0; y < canvas.height(); ++y)
+			for (int x = 0; x < canvas.width(); ++x)
+			{
+				const VGuiColour c = canvas.pixel(x, y);
+				if (c.green > 60 && c.green > 2 * c.red)
+					found.push_back({x + 0.5, y + 0.5});
+			}
+		return found;
+	}
+
+	VGuiPoint screen(const VGuiGraphPoint& g) const
+	{
+		VGuiPoint p;
+		graph->map(p, g, true);
+		return p;
+	}
+
+	RecordingView view;
+	VGuiReference<VGuiGraph> graph = linearGraph();
+};
+
+double distanceToSegment(const VGuiPoint& p, const VGuiPoint& a, const VGuiPoint& b)
+{
+	const VGuiPoint ab = b - a;
+	const double t = std::clamp(
+	    ((p.x - a.x) * ab.x + (p.y - a.y) * ab.y) / (ab.x * ab.x + ab.y * ab.y), 0.0, 1.0);
+	const VGuiPoint q = a + ab * t;
+	return std::hypot(p.x - q.x, p.y - q.y);
+}
+
+TEST(VGuiLinePlot, DrawsWhereTheAxesMapTheData)
+{
+	PlotFixture f;
+	const VGuiGraphPoint a(1, 2, 0);
+	const VGuiGraphPoint b(9, 7, 0);
+	auto plot = made(new VGuiLinePlot(1, f.data({a, b}).get()));
+	f.graph->addPlot(plot.get(), false);
+	const VGuiPoint from = f.screen(a);
+	const VGuiPoint to = f.screen(b);
+	const std::vector<VGuiPoint> pixels = f.greenPixels();
+	EXPECT_GE(pixels.size(), static_cast<size_t>(std::hypot(to.x - from.x, to.y - from.y)));
+	for (const VGuiPoint& p : pixels)
+		ASSERT_LE(distanceToSegment(p, from, to), 1.0) << p.x << "," << p.y;
+}
+
+TEST(VGuiLinePlot, DrawsNothingOutsideThePlotArea)
+{
+	PlotFixture f;
+	auto plot = made(new VGuiLinePlot(
+	    1, f.data({{-5, -5, 0}, {15, 15, 0}, {5, 30, 0}, {12, 4, 0}, {-3, 12, 0}}).get()));
+	f.graph->addPlot(plot.get(), false);
+	const VGuiRect& area = f.graph->plotArea();
+	const std::vector<VGuiPoint> pixels = f.greenPixels();
+	EXPECT_FALSE(pixels.empty());
+	for (const VGuiPoint& p : pixels)
+		ASSERT_TRUE(area.left <= p.x && p.x <= area.right && area.top <= p.y && p.y <= area.bottom)
+		    << p.x << "," << p.y;
+	// The segment from (-5, -5) to (15, 15) was cut at the corners.
+	EXPECT_TRUE(plot->extent().left >= area.left - 1 && plot->extent().bottom <= area.bottom + 1);
+}
+
+TEST(VGuiLinePlot, DrawsNoLineForOnePointOrForSegmentsOutOfRange)
+{
+	for (auto points : {std::initializer_list<VGuiGraphPoint>{{5, 5, 0}},
+	                    std::initializer_list<VGuiGraphPoint>{{11, 1, 0}, {20, 9, 0}}})
+	{
+		PlotFixture f;
+		auto plot = made(new VGuiLinePlot(1, f.data(points).get()));
+		f.graph->addPlot(plot.get(), false);
+		EXPECT_TRUE(plot->extent().isNull());
+		EXPECT_TRUE(f.greenPixels().empty());
+	}
+}
+
+TEST(VGuiLinePlot, RedrawsWhenGivenTheDataItAlreadyHas)
+{
+	PlotFixture f;
+	auto data = f.data({{1, 1, 0}, {9, 9, 0}});
+	auto plot = made(new VGuiLinePlot(1, data.get()));
+	f.graph->addPlot(plot.get(), false);
+	f.view.invalidated.clear();
+	(*data)[1] = VGuiGraphPoint(9, 1, 0);
+	EXPECT_FALSE(plot->graphData(data.get(), false));
+	ASSERT_EQ(f.view.invalidated.size(), 1u);
+	EXPECT_EQ(plot->extent().top, f.screen({9, 1, 0}).y);
+}
+
+TEST(VGuiScatterPlot, MarksTheVisiblePointsOnly)
+{
+	PlotFixture f;
+	const VGuiGraphPoint inside[] = {{2, 3, 0}, {8, 6, 0}};
+	auto marker = made(new VGuiSimpleScatterPlotMarker(VGuiScatterSquare, 6));
+	auto plot = made(
+	    new VGuiScatterPlot(1, f.data({inside[0], {12, 5, 0}, inside[1]}).get(), marker.get()));
+	f.graph->addPlot(plot.get(), false);
+	const std::vector<VGuiPoint> pixels = f.greenPixels();
+	for (const VGuiPoint& p : pixels)
+	{
+		const bool nearOne =
+		    std::any_of(std::begin(inside), std::end(inside), [&](const VGuiGraphPoint& g) {
+			    const VGuiPoint s = f.screen(g);
+			    return std::fabs(p.x - s.x) <= 4 && std::fabs(p.y - s.y) <= 4;
+		    });
+		ASSERT_TRUE(nearOne) << p.x << "," << p.y;
+	}
+	// Two filled 6-pixel squares.
+	EXPECT_GE(pixels.size(), 2u * 36u);
+}
+
+} // namespace
+} // namespace velora_test
