@@ -641,9 +641,16 @@ bool VGuiGraph::clip(VGuiGraphPoint& a, VGuiGraphPoint& b) const
 	// Straight on the screen is straight in the axes' own coordinates.
 	const VGuiPoint ta(x->transform(a.x), y->transform(a.y));
 	const VGuiPoint tb(x->transform(b.x), y->transform(b.y));
+	const VGuiRect range(x->transformedMinimum(), y->transformedMinimum(), x->transformedMaximum(),
+	                     y->transformedMaximum());
+	auto inside = [&range](const VGuiPoint& p) {
+		return range.left <= p.x && p.x <= range.right && range.top <= p.y && p.y <= range.bottom;
+	};
+	// Most segments of a plot lie wholly inside.
+	if (inside(ta) && inside(tb))
+		return true;
 	VGuiLineSegment segment(ta, tb);
-	if (!segment.clip(VGuiRect(x->transform(x->rangeMinimum()), y->transform(y->rangeMinimum()),
-	                           x->transform(x->rangeMaximum()), y->transform(y->rangeMaximum()))))
+	if (!segment.clip(range))
 		return false;
 	if (segment.start != ta)
 		a = VGuiGraphPoint(x->untransform(segment.start.x), y->untransform(segment.start.y), a.z);

@@ -47,13 +47,12 @@ VGuiGraphAxis::VGuiGraphAxis(bool horizontal)
 
 VGuiGraphAxis::VGuiGraphAxis(const VGuiGraphAxis& other)
 : VGuiGraphElement(other.identifier()),
+  axisGrid(other.axisGrid),
+  area(other.area),
+  outset(other.outset),
   horizontal(other.horizontal)
 {
 	copyAttributes(other, true);
-	axisGrid = other.axisGrid;
-	lineMapping = other.lineMapping;
-	area = other.area;
-	outset = other.outset;
 }
 
 void VGuiGraphAxis::copyAttributes(const VGuiGraphAxis& other, bool withRange)
@@ -196,17 +195,17 @@ void VGuiGraphAxis::place(const VGuiRect& plotArea, double gap)
 {
 	area = plotArea;
 	outset = gap;
-	double from = transform(minValue);
-	double to = transform(maxValue);
-	// An empty range would scale without bound: show a unit around it.
-	if (!(to != from) || !std::isfinite(from) || !std::isfinite(to))
-	{
-		from = std::isfinite(from) ? from - 0.5 : -0.5;
-		to = from + 1.0;
-	}
+	lineFrom = transform(minValue);
+	lineTo = transform(maxValue);
+	// A bound that cannot be shown (0 on a logarithmic axis) and an empty
+	// range would scale without bound: a unit's span stands in.
+	if (!std::isfinite(lineFrom))
+		lineFrom = std::isfinite(lineTo) ? lineTo - 1.0 : -0.5;
+	if (!std::isfinite(lineTo) || lineTo == lineFrom)
+		lineTo = lineFrom + 1.0;
 	const VGuiPoint end = horizontal ? VGuiPoint(std::max(area.width(), 1.0), 0.0)
 	                                 : VGuiPoint(0.0, -std::max(area.height(), 1.0));
-	lineMapping.realizeLineMapping(VGuiPoint(), end, from, to);
+	lineMapping.realizeLineMapping(VGuiPoint(), end, lineFrom, lineTo);
 }
 
 VGuiPoint VGuiGraphAxis::lineStart() const

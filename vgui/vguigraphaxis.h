@@ -89,6 +89,9 @@ public:
 	double rangeMinimum() const { return minValue; }
 	// outset: the pixels between the plot area's edge and the tick marks.
 	void place(const VGuiRect& plotArea, double outset);
+	// The range's ends as transformed for the line (finite, and apart).
+	double transformedMinimum() const { return lineFrom; }
+	double transformedMaximum() const { return lineTo; }
 	const VGuiRect& plotArea() const { return area; }
 	bool isHorizontal() const { return horizontal; }
 
@@ -132,6 +135,8 @@ protected:
 	string_ext<char> unitsString() const;
 
 	VGuiCoOrdinateTransform lineMapping;
+	double lineFrom = -1.0;
+	double lineTo = 1.0;
 	double maxValue = 1.0;
 	double minValue = -1.0;
 	double spanDecibels = 0.0;

@@ -2,6 +2,7 @@
 
 #include "vgui/vguigfxpolylinebuilder.h"
 #include "vgui/vguigraph.h"
+#include "vgui/vguipolylinedecimator.h"
 
 namespace {
 
@@ -18,6 +19,7 @@ void VGuiLinePlot::realize(VSTGUI::CDrawContext* context)
 	const VGuiGraphData& data = *held;
 	VGuiGfxPolylineBuilder builder(data.count(), props->lineColour, kNoFill, props->lineStyle,
 	                               props->lineWidth);
+	VGuiPolylineDecimator line(builder);
 	for (int i = 1; i < data.count(); ++i)
 	{
 		VGuiGraphPoint a = data[i - 1];
@@ -28,9 +30,10 @@ void VGuiLinePlot::realize(VSTGUI::CDrawContext* context)
 		VGuiPoint to;
 		owner->map(from, a, true);
 		owner->map(to, b, true);
-		builder.moveTo(from);
-		builder.lineTo(to);
+		line.moveTo(from);
+		line.lineTo(to);
 	}
+	line.finish();
 	group.takePolylines(builder, false);
 	endRealize();
 }

@@ -4,13 +4,16 @@
 #include "graph_host.h"
 #include "offscreen_canvas.h"
 
+#include "vgui/vguigfxpolyline.h"
 #include "vgui/vguilineplot.h"
+#include "vgui/vguipolylinedecimator.h"
 #include "vgui/vguiscatterplot.h"
 #include "vgui/vguisimplescatterplotmarker.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <sstream>
 
 namespace velora_test {
 namespace {
@@ -148,6 +151,44 @@ TEST(VGuiScatterPlot, MarksTheVisiblePointsOnly)
 	}
 	// Two filled 6-pixel squares.
 	EXPECT_GE(pixels.size(), 2u * 36u);
+}
+
+struct ThinningCase
+{
+	std::vector<VGuiPoint> line; // a move to the first point, lines on
+	const char* kept;
+};
+
+const ThinningCase kThinning[] = {
+    // Whole columns apart: everything stays.
+    {{{0.5, 5}, {1.5, 6}, {2.5, 4}}, "0.5,5 1.5,6 2.5,4"},
+    // Within a column: the first, lowest, highest and last, in order.
+    {{{0.1, 5}, {0.2, 9}, {0.3, 1}, {0.4, 7}, {0.5, 3}, {0.9, 4}, {1.2, 5}},
+     "0.1,5 0.2,9 0.3,1 0.9,4 1.2,5"},
+    // A last point that is also the lowest is kept once.
+    {{{3.0, 5}, {3.5, 8}, {3.7, 2}}, "3,5 3.5,8 3.7,2"},
+};
+
+TEST(VGuiPolylineDecimator, KeepsTheExtremesOfEachPixelColumn)
+{
+	for (const ThinningCase& c : kThinning)
+	{
+		VGuiGfxPolylineBuilder builder(100, VGuiColour(), VGuiColour(), VSTGUI::kLineSolid, 1);
+		VGuiPolylineDecimator line(builder);
+		line.moveTo(c.line[0]);
+		for (size_t i = 1; i < c.line.size(); ++i)
+			line.lineTo(c.line[i]);
+		line.finish();
+		VGuiGfxGroup group;
+		group.takePolylines(builder, false);
+		std::ostringstream kept;
+		group.list().forEach([&](VGuiGfxObject* o) {
+			auto* polyline = static_cast<VGuiGfxPolyline*>(o);
+			for (int i = 0; i < polyline->count(); ++i)
+				kept << (i ? " " : "") << polyline->point(i).x << "," << polyline->point(i).y;
+		});
+		EXPECT_EQ(kept.str(), c.kept);
+	}
 }
 
 } // namespace
