@@ -1,7 +1,8 @@
 // The two-dimensional graph: a plot area inside the extent, framed by a
-// bevel, with room around it for the axes' labels and titles. From the
-// outside in: the margins, the axes' labels and titles, the border space,
-// the bevel (its width from the frame properties), the plot area.
+// bevel, with room around it for the graph's title and the axes' labels and
+// titles. From the outside in: the margins, the graph's title (above) and
+// the axes' labels and titles, the border space, the bevel (its width from
+// the frame properties), the plot area.
 #pragma once
 
 #include "vgui/vguigfxgroup.h"

@@ -331,14 +331,14 @@ void VGuiGraph::replaceAxis(VGuiGraphAxis** slot, VGuiGraphAxis* axis, VGuiGraph
 void VGuiGraph::maximum(const VGuiGraphPoint& p)
 {
 	beginUpdate();
-	takeRanges(p, smallest);
+	take(largest, p);
 	endUpdate();
 }
 
 void VGuiGraph::minimum(const VGuiGraphPoint& p)
 {
 	beginUpdate();
-	takeRanges(largest, p);
+	take(smallest, p);
 	endUpdate();
 }
 
@@ -353,15 +353,19 @@ void VGuiGraph::range(const VGuiGraphPoint& max, const VGuiGraphPoint& min,
 
 void VGuiGraph::takeRanges(const VGuiGraphPoint& max, const VGuiGraphPoint& min)
 {
+	take(largest, max);
+	take(smallest, min);
+}
+
+void VGuiGraph::take(VGuiGraphPoint& bound, const VGuiGraphPoint& p)
+{
 	const VGuiGraphAxis* axes[] = {x, y, z};
 	for (int i = 0; i < 3; ++i)
 	{
-		if (axes[i] && (differs(component(largest, i), component(max, i)) ||
-		                differs(component(smallest, i), component(min, i))))
+		if (axes[i] && differs(component(bound, i), component(p, i)))
 			signalChanges(VGuiGraphXRangeChanged << i);
 	}
-	largest = max;
-	smallest = min;
+	bound = p;
 }
 
 void VGuiGraph::autoScale(bool on, bool rescaleNow)

@@ -195,12 +195,7 @@ public:
 
 	const VGuiRect& extent() const { return bounds; }
 	const VGuiRect& plotArea() const { return plotRect; }
-	const VGuiRect& invalidRect() const { return invalid; }
-	VGuiGraphChanges pendingChanges() const { return changes; }
-	bool isOpen() const { return opened; }
 	bool attached() const { return isAttached; }
-	VSTGUI::CView* view() const { return host; }
-	const VGuiGraphPlotList& plots() const { return plotList; }
 
 	// Events from the hosting view: handed to the elements in list order,
 	// then the markers, then the cursor, while each lets it pass (returns
@@ -264,7 +259,9 @@ private:
 	void limitLogarithmicRanges();
 	void zoomAllAxes(VGuiGraphAutoScaleMode mode, const double spans[3], const bool exclude[3]);
 	void zoomBy(const VGuiPoint& a, const VGuiPoint& b, double clickFactor, bool in);
-	// Takes new bounds from the axes, marking those that differ.
+	// Stores new bounds, marking the present axes whose bounds differ (a
+	// stored NaN always does).
+	void take(VGuiGraphPoint& bound, const VGuiGraphPoint& p);
 	void takeRanges(const VGuiGraphPoint& max, const VGuiGraphPoint& min);
 	void updateDecibelSpan();
 	void rescaleIfAuto(bool rescale);

@@ -284,6 +284,9 @@ TEST(VGuiGraph, AStoredNaNAlwaysCountsAsAChange)
 	f.graph->maximum({nan, 1, 0});
 	EXPECT_EQ(f.rangeChanges(), 1u);
 	f.graph->maximum({2, 1, 0});
+	f.graph->minimum({nan, -1, 0});
+	f.rangeChanges();
+	// Setting the maximum looks at the maximum only.
 	f.graph->maximum({2, 1, 0});
 	EXPECT_EQ(f.rangeChanges(), 0u);
 }
