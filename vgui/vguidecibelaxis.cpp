@@ -45,8 +45,9 @@ VGuiGraphAxisTicks VGuiDecibelAxis::layoutTicks(double, int level) const
 		return VGuiGraphAxisTicks();
 	const double lo = this->level(minValue);
 	const double hi = this->level(maxValue);
-	return VGuiGraphAxisTicks::linear(
-	    lo, hi, VGuiGraphAxisTicks::niceStep(std::max(leastStep(lo, hi), 1.0), level), 0);
+	const double least = std::max(leastStep(lo, hi), 1.0);
+	return VGuiGraphAxisTicks::linear(lo, hi,
+	                                  std::max(VGuiGraphAxisTicks::niceStep(least, level), 1.0), 0);
 }
 
 string_ext<char> VGuiDecibelAxis::unitsLabel(int) const

@@ -10,8 +10,10 @@
 
 namespace {
 
-// The levels of sparser tick layouts tried before giving up on fitting.
+// The levels of sparser tick layouts tried before giving up on fitting,
+// and of denser ones tried for an axis too short for two labels.
 constexpr int kLayoutLevels = 16;
+constexpr int kDenserLevels = 2;
 // The closest spacing of labelled ticks worth trying, in pixels.
 constexpr double kLeastHorizontalSpacing = 64.0;
 constexpr double kLeastVerticalSpacing = 40.0;
@@ -273,6 +275,14 @@ VGuiGraphAxisTicks VGuiGraphAxis::fittedTicks(VSTGUI::CDrawContext* context) con
 		ticks = layoutTicks(lineLength(), level);
 		if (ticks.majorCount() < 2 || labelsFit(context, ticks))
 			break;
+	}
+	// A short axis may need labels closer than the spacing it prefers to
+	// have two at all.
+	for (int level = -1; ticks.majorCount() < 2 && level >= -kDenserLevels; --level)
+	{
+		VGuiGraphAxisTicks denser = layoutTicks(lineLength(), level);
+		if (denser.majorCount() >= 2 && labelsFit(context, denser))
+			ticks = std::move(denser);
 	}
 	dropCrowdedMinorTicks(ticks);
 	return ticks;

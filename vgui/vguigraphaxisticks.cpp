@@ -34,27 +34,16 @@ string_ext<char> engineeringLabel(double value)
 
 double VGuiGraphAxisTicks::niceStep(double least, int level)
 {
-	static const double kMantissas[] = {1.0, 2.0, 5.0};
-	const int decade = static_cast<int>(std::floor(std::log10(least)));
-	int index = 0;
-	double power = std::pow(10.0, decade);
-	while (kMantissas[index] * power < least * (1.0 - kSlack))
-	{
-		if (++index == 3)
-		{
-			index = 0;
-			power *= 10.0;
-		}
-	}
-	for (; level > 0; --level)
-	{
-		if (++index == 3)
-		{
-			index = 0;
-			power *= 10.0;
-		}
-	}
-	return kMantissas[index] * power;
+	// The steps numbered: step 3k + m is 1, 2 or 5 (by m) times 10^k.
+	auto step = [](int n) {
+		static const double kMantissas[] = {1.0, 2.0, 5.0};
+		const int k = static_cast<int>(std::floor(n / 3.0));
+		return kMantissas[n - 3 * k] * std::pow(10.0, k);
+	};
+	int n = 3 * static_cast<int>(std::floor(std::log10(least)));
+	while (step(n) < least * (1.0 - kSlack))
+		++n;
+	return step(n + level);
 }
 
 int VGuiGraphAxisTicks::engineeringExponent(double lo, double hi)

@@ -21,7 +21,8 @@ class VGuiGraphAxisTicks
 {
 public:
 	// The level-th step of the 1-2-5 sequence from the smallest at or above
-	// least: level 0 is that step, 1 the next larger one, and so on.
+	// least: level 0 is that step, 1 the next larger one, -1 the next
+	// smaller one, and so on.
 	static double niceStep(double least, int level);
 	// The power of ten, a multiple of 3, that the labels of lo .. hi are
 	// divided by so that none reads longer than four figures before or two

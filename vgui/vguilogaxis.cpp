@@ -29,7 +29,7 @@ VGuiGraphAxisTicks VGuiLogAxis::layoutTicks(double, int level) const
 		return VGuiGraphAxisTicks::linear(
 		    minValue, maxValue, VGuiGraphAxisTicks::niceStep(leastStep(minValue, maxValue), level),
 		    VGuiGraphAxisTicks::engineeringExponent(minValue, maxValue));
-	if (level == 0)
+	if (level <= 0)
 		return ticks;
 	return VGuiGraphAxisTicks::decades(minValue, maxValue, level, false);
 }

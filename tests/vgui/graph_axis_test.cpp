@@ -229,5 +229,41 @@ TEST(VGuiGraphAxis, LaysOutIncreasingEvenlySteppedLabelsThatDoNotOverlap)
 	}
 }
 
+TEST(VGui2dGraph, LeavesRoomForEveryLabelAndTitleInsideItsExtent)
+{
+	for (const VSTGUI::CRect size : {VSTGUI::CRect(0, 0, 400, 300), VSTGUI::CRect(0, 0, 240, 160)})
+	{
+		RecordingView view;
+		view.setViewSize(size);
+		auto x = made(new Exposed<VGuiLogAxis>(true));
+		auto y = made(new Exposed<VGuiDecibelAxis>(false, false));
+		x->title = "Frequency";
+		x->units = OsiCompositeUnitLabel(OsiUnitLabel("Hz"));
+		y->title = "Level";
+		y->units = kVolts;
+		auto graph = made<VGuiGraph>(new VGui2dGraph(nullptr, x.get(), y.get(), nullptr));
+		graph->title = "Spectrum";
+		graph->range({20000, 1, 0}, {20, 1e-5, 0}, {});
+		view.show(graph.get());
+		std::vector<VGuiRect> texts;
+		for (const VGuiGfxGroup* group : {&x->group, &y->group})
+			group->list().forEach([&](auto* o) {
+				if (dynamic_cast<VGuiGfxText*>(o))
+					texts.push_back(o->extent());
+			});
+		const VGuiRect& extent = graph->extent();
+		const VGuiRect& area = graph->plotArea();
+		ASSERT_GE(texts.size(), 8u);
+		for (size_t i = 0; i < texts.size(); ++i)
+		{
+			const VGuiRect& t = texts[i];
+			EXPECT_EQ(t.join(extent), extent) << size.getWidth() << " text " << i;
+			EXPECT_TRUE(t.intersect(area).isNull()) << size.getWidth() << " text " << i;
+			for (size_t j = 0; j < i; ++j)
+				EXPECT_TRUE(t.intersect(texts[j]).isNull()) << size.getWidth() << " " << i << j;
+		}
+	}
+}
+
 } // namespace
 } // namespace velora_test

@@ -139,6 +139,40 @@ TEST(VGuiGraph, FocusSkipsPlotsThatCannotTakeItAndWrapsRound)
 	EXPECT_EQ(data, nullptr);
 }
 
+// Records the plots it was told about.
+template <typename Base> struct Follower : Probe<Base>
+{
+	using Probe<Base>::Probe;
+	void notifyPlotReplaced(VGuiGraphPlot* old, VGuiGraphPlot* replacement) override
+	{
+		*this->log += this->name + (old == replacement ? ":same " : ":new ");
+	}
+};
+
+TEST(VGuiGraph, ReplacesPlotsInPlaceAndTellsTheCursorAndTheMarkers)
+{
+	auto graph = linearGraph();
+	std::string log;
+	graph->graphCursor(made(new Follower<VGuiGraphCursor>("c", &log)).get());
+	graph->addMarker(made(new Follower<VGuiGraphMarker>("m", &log)).get());
+	auto first = made(new FixedPlot({1, 1, 0}, {0, 0, 0}));
+	auto second = made(new FixedPlot({1, 1, 0}, {0, 0, 0}));
+	auto third = made(new FixedPlot({1, 1, 0}, {0, 0, 0}));
+	graph->addPlot(first.get(), false);
+	graph->addPlot(third.get(), false);
+	graph->replacePlot(first.get(), second.get(), false);
+	graph->replacePlot(second.get(), second.get(), false);
+	EXPECT_EQ(log, "c:new m:new c:same m:same ");
+	EXPECT_EQ(first->graph(), nullptr);
+	EXPECT_EQ(first->referenceCount(), 1);
+	VGuiGraphPlot* plot = nullptr;
+	VGuiGraphData* data = nullptr;
+	graph->currentFocus(plot, data);
+	EXPECT_EQ(plot, second.get());
+	graph->removeAllPlots();
+	EXPECT_EQ(second->referenceCount(), 1);
+}
+
 // A hosted graph whose probe element records the changes of each update.
 struct RangeFixture
 {
