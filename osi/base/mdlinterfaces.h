@@ -4,35 +4,25 @@
 // interfaces are created and deleted by the module that owns their code.
 #pragma once
 
-class MdlInterface
+#include "osi/base/referencecount.h"
+
+// An interface object: reference counted (lock, unlock, destroy) and named.
+class MdlInterface : public OsiReferenceCount
 {
 public:
-	MdlInterface() = default;
-	MdlInterface(const MdlInterface&) = delete;
-	MdlInterface& operator=(const MdlInterface&) = delete;
-
-	// Takes a reference; the count starts at 1.
-	virtual void lock();
-	// Gives a reference back; true when the count has become exactly 0, and
-	// the holder then calls destroy().
-	virtual bool unlock();
-	virtual void destroy();
 	virtual const char* className() const = 0;
 	virtual int classVersion() const = 0;
 	virtual bool hasClassNameAndVersion(const char* name, int version) const;
 
 protected:
-	virtual ~MdlInterface() = default;
-
-private:
-	long volatile referenceCount = 1;
+	~MdlInterface() override = default;
 };
 
 // Gives one reference on an interface object back, destroying it with the last.
 inline void mdlRelease(MdlInterface* object)
 {
-	if (object && object->unlock())
-		object->destroy();
+	if (object)
+		object->release();
 }
 
 // The descriptor of a class that can be created by name and version.
@@ -52,21 +42,17 @@ protected:
 	virtual ~MdlClass() = default;
 };
 
-// A loaded module as its loading module sees it.
-class MdlModuleInstance
+// A loaded module as its loading module sees it, reference counted.
+class MdlModuleInstance : public OsiReferenceCount
 {
 public:
-	virtual void lock() = 0;
-	// True when the last reference went; the holder then calls destroy().
-	virtual bool unlock() = 0;
-	virtual void destroy() = 0;
 	virtual const char* moduleName() const = 0;
 	virtual const char* moduleID() const = 0;
 	// Creates from the registry of the module that loaded this one.
 	virtual void* createOnParent(const char* name, int version) const = 0;
 
 protected:
-	virtual ~MdlModuleInstance() = default;
+	~MdlModuleInstance() override = default;
 };
 
 // A handle on a module.

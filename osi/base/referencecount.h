@@ -1,6 +1,9 @@
-// Base of the framework's reference-counted objects. The creator holds the
-// first reference; whoever stores a pointer takes one more with lock() and
-// gives it back with release(), which deletes the object with the last one.
+// Base of the framework's reference-counted objects, also of the interface
+// objects handed between modules. The creator holds the first reference;
+// whoever stores a pointer takes one more with lock(). unlock() gives one
+// back and reports the last, after which the holder calls destroy(); release()
+// does both. The three are virtual so that a call from another module runs the
+// code of the module that made the object.
 #pragma once
 
 #include <atomic>
@@ -8,21 +11,26 @@
 class OsiReferenceCount
 {
 public:
-	OsiReferenceCount() = default;
 	OsiReferenceCount(const OsiReferenceCount&) = delete;
 	OsiReferenceCount& operator=(const OsiReferenceCount&) = delete;
-	virtual ~OsiReferenceCount() = default;
 
-	void lock() { count.fetch_add(1); }
-	// Gives a reference back; true when it was the last one.
-	bool unlock() { return count.fetch_sub(1) - 1 == 0; }
-	// Gives a reference back and deletes the object with the last one.
+	// Takes a reference; the count starts at 1.
+	virtual void lock() { count.fetch_add(1); }
+	// Gives a reference back; true when the count has become exactly 0.
+	virtual bool unlock() { return count.fetch_sub(1) == 1; }
+	virtual void destroy() { delete this; }
+
+	// Gives a reference back and destroys the object with the last one.
 	void release()
 	{
 		if (unlock())
-			delete this;
+			destroy();
 	}
 	long referenceCount() const { return count.load(); }
+
+protected:
+	OsiReferenceCount() = default;
+	virtual ~OsiReferenceCount() = default;
 
 private:
 	std::atomic<long> count{1};

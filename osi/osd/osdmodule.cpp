@@ -120,21 +120,6 @@ OsdModuleInstance::~OsdModuleInstance()
 	MdlFreeLibrary(libraryHandle);
 }
 
-void OsdModuleInstance::lock()
-{
-	atomicAdd(&count, 1);
-}
-
-bool OsdModuleInstance::unlock()
-{
-	return atomicAdd(&count, -1) < 1;
-}
-
-void OsdModuleInstance::destroy()
-{
-	delete this;
-}
-
 const char* OsdModuleInstance::moduleID() const
 {
 	return identify ? identify() : "";

@@ -28,9 +28,6 @@ public:
 	// printed and leaves the instance without a library.
 	OsdModuleInstance(const char* path, const MdlLocalHandlers* local = nullptr);
 
-	void lock() override;
-	bool unlock() override;
-	void destroy() override;
 	// The absolute path of the library; empty when it has no path entry.
 	const char* moduleName() const override { return name; }
 	const char* moduleID() const override;
@@ -47,7 +44,6 @@ public:
 	bool isLocal() const { return local; }
 	bool isOpen() const { return local || libraryHandle; }
 	void* handle() const { return libraryHandle; }
-	long referenceCount() const { return count; }
 
 protected:
 	// Tells a library that learnt its parent from this instance that it is
@@ -55,7 +51,6 @@ protected:
 	~OsdModuleInstance() override;
 
 private:
-	long volatile count = 1;
 	bool local = false;
 	void* libraryHandle = nullptr;
 	MdlCreateClassProc createClass = nullptr;

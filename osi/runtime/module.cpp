@@ -63,8 +63,7 @@ bool OsiModule::load(const char* path, const MdlLocalHandlers* local)
 		instance = opened;
 		return true;
 	}
-	if (opened->unlock())
-		opened->destroy();
+	opened->release();
 	return instance != nullptr;
 }
 
@@ -73,8 +72,7 @@ bool OsiModule::free()
 	OsdAtomicLockScope scope(osdModuleLock());
 	if (!instance)
 		return false;
-	if (instance->unlock())
-		instance->destroy();
+	instance->release();
 	instance = nullptr;
 	return true;
 }

@@ -8,8 +8,8 @@ std::atomic<OsiYieldProc> moduleYieldProc{nullptr};
 
 void releaseInstance(MdlModuleInstance* instance)
 {
-	if (instance && instance->unlock())
-		instance->destroy();
+	if (instance)
+		instance->release();
 }
 
 } // namespace
