@@ -1,5 +1,5 @@
-// Text against the C library: string_ext::sprintf (a length bound walked
-// from the format, then one formatting pass) against sizing with
+// Text against the C library: string_ext::sprintf (measured by the C
+// library, then formatted into storage of that size) against sizing with
 // snprintf(nullptr, 0) and formatting again into a std::string; and
 // OsiTextInput reading a two-column file under "d,dN" against an fscanf loop
 // over the same file. The ratios of the times are printed at the end.

@@ -38,8 +38,9 @@ public:
 			this->resize(end);
 	}
 
-	// An upper bound of the number of characters that the C library's
-	// vsprintf produces for format and args; args itself is left unread.
+	// The number of characters that the C library's vsprintf produces for
+	// format and args, as the C library measures it (above INT_MAX when it
+	// refuses them); args itself is left unread.
 	size_t formatLength(const char* format, va_list args) const;
 };
 
