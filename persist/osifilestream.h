@@ -1,17 +1,13 @@
-// The typed stream over a standard C file, which it owns once opened; it also
-// carries text: lines, formatted output and hex dumps.
+// The typed stream over a standard C file, which it owns once opened.
 #pragma once
 
 #include "persist/typedstream.h"
 
-#include <cstdarg>
 #include <cstdio>
 
 class OsiFileStream : public TypedStream
 {
 public:
-	using OsiDataType = DataType;
-
 	OsiFileStream() = default;
 	~OsiFileStream() override;
 	OsiFileStream(const OsiFileStream&) = delete;
@@ -35,22 +31,8 @@ public:
 		if (file)
 			std::clearerr(file);
 	}
-	// The next byte without consuming it, or EOF.
-	int peek() { return file ? std::ungetc(std::getc(file), file) : EOF; }
+	// The open C file; null when none is open.
 	FILE* handle() const { return file; }
-
-	// Reads a line of at most max characters, consuming its terminator (which
-	// is not kept); false at the end of the file with nothing read. A longer
-	// line is returned in pieces.
-	bool readLine(string_ext<char>& text, int max, char terminator = '\n');
-	// The same with a set of terminators; found receives the one that ended
-	// the line (0 when the line ended otherwise).
-	bool readLine(string_ext<char>& text, int max, const char* terminators, char& found);
-	bool writeLine(const char* text);
-	int printf(const char* format, ...) __attribute__((format(printf, 2, 3)));
-	int vprintf(const char* format, va_list args);
-	// Writes size bytes of data as hex and printable characters, 16 to a line.
-	bool hexDump(const void* data, size_t size);
 
 	bool readBytes(void* data, size_t size) override;
 	bool writeBytes(const void* data, size_t size) override;

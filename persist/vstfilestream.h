@@ -7,8 +7,6 @@
 class VstFileStream : public TypedStream
 {
 public:
-	using VstDataType = DataType;
-
 	VstFileStream() = default;
 	explicit VstFileStream(Steinberg::IBStream* stream) : stream(stream) {}
 

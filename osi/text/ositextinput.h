@@ -14,9 +14,9 @@
 #pragma once
 
 #include "osi/base/string_ext.h"
+#include "osi/text/ositextfile.h"
 #include "osi/text/ositextinputrange.h"
 #include "osi/text/ositextinputstate.h"
-#include "persist/osifilestream.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -98,5 +98,5 @@ private:
 	int32_t pending = 0;
 	int32_t columnNumber = 1;
 	int32_t lineNumber = 1;
-	mutable OsiFileStream stream;
+	mutable OsiTextFile stream;
 };
