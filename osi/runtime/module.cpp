@@ -1,6 +1,7 @@
 #include "osi/runtime/module.h"
 
 #include "osi/osd/osdatomic.h"
+#include "osi/osd/osdmodule.h"
 
 #include <atomic>
 #include <cstring>
@@ -34,7 +35,7 @@ OsiModule::OsiModule(const char* path, const MdlLocalHandlers* local) : OsiModul
 
 OsiModule::~OsiModule()
 {
-	OsdAtomicLockScope scope(osdModuleLock());
+	OsdAtomicLockScope scope(osiModuleLock());
 	free();
 	if (atomicAdd(&liveHandles, -1) == 0)
 	{
@@ -45,7 +46,7 @@ OsiModule::~OsiModule()
 
 bool OsiModule::load(const char* path, const MdlLocalHandlers* local)
 {
-	OsdAtomicLockScope scope(osdModuleLock());
+	OsdAtomicLockScope scope(osiModuleLock());
 	if (instance)
 		return true;
 	if (!instanceTable)
@@ -69,7 +70,7 @@ bool OsiModule::load(const char* path, const MdlLocalHandlers* local)
 
 bool OsiModule::free()
 {
-	OsdAtomicLockScope scope(osdModuleLock());
+	OsdAtomicLockScope scope(osiModuleLock());
 	if (!instance)
 		return false;
 	instance->release();

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "osi/base/mdlinterfaces.h"
-#include "osi/osd/osdmodule.h"
+#include "osi/runtime/osdmoduleinstance.h"
 
 class OsiModule : public MdlModule
 {
