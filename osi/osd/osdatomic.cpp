@@ -28,7 +28,7 @@ void dropGuard(OsdAtomicLock* lock)
 
 bool atomicLock(OsdAtomicLock* lock, bool wait)
 {
-	const pthread_t self = pthread_self();
+	const OsdThreadId self = osdCurrentThread();
 	for (;;)
 	{
 		if (lock->entryCount.fetch_add(1) + 1 == 1)
@@ -40,7 +40,7 @@ bool atomicLock(OsdAtomicLock* lock, bool wait)
 			return true;
 		}
 		takeGuard(lock);
-		if (lock->depth > 0 && pthread_equal(lock->owner, self))
+		if (lock->depth > 0 && lock->owner == self)
 		{
 			// The entry count keeps this thread's added 1 for the matching unlock.
 			++lock->depth;
@@ -58,12 +58,12 @@ bool atomicLock(OsdAtomicLock* lock, bool wait)
 void atomicUnlock(OsdAtomicLock* lock)
 {
 	takeGuard(lock);
-	if (lock->depth > 0 && pthread_equal(lock->owner, pthread_self()))
+	if (lock->depth > 0 && lock->owner == osdCurrentThread())
 	{
 		lock->entryCount.fetch_sub(1);
 		if (--lock->depth < 1)
 		{
-			lock->owner = pthread_t{};
+			lock->owner = 0;
 			lock->depth = 0;
 		}
 	}

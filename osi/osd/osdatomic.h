@@ -2,7 +2,7 @@
 // and the atomic addition behind its reference counts.
 #pragma once
 
-#include <pthread.h>
+#include "osi/osd/osdthreadid.h"
 
 #include <atomic>
 #include <cstdint>
@@ -14,7 +14,7 @@ struct OsdAtomicLock
 	std::atomic<int32_t> entryCount{0};
 	std::atomic<int32_t> guard{0};
 	int32_t depth = 0;
-	pthread_t owner{};
+	OsdThreadId owner = 0;
 };
 
 // Takes the lock; a thread that owns it already enters again. Without wait a

@@ -4,7 +4,7 @@ OsdMutex::OsdMutex(const char* name) : mutexName(name ? name : ""), semaphore(na
 
 bool OsdMutex::ownedByCaller() const
 {
-	return pthread_equal(owner.load(), pthread_self()) != 0;
+	return owner.load() == osdCurrentThread();
 }
 
 int OsdMutex::wait(unsigned int milliseconds) const
@@ -17,7 +17,7 @@ int OsdMutex::wait(unsigned int milliseconds) const
 	const int status = semaphore.waitOnSemaphore(milliseconds);
 	if (status == 0)
 	{
-		owner.store(pthread_self());
+		owner.store(osdCurrentThread());
 		depth = 1;
 	}
 	return status;
@@ -29,7 +29,7 @@ void OsdMutex::release() const
 		return;
 	if (--depth == 0)
 	{
-		owner.store(pthread_t{});
+		owner.store(0);
 		semaphore.signal(1);
 	}
 }

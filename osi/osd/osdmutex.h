@@ -3,8 +3,7 @@
 
 #include "osi/base/referencecount.h"
 #include "osi/osd/osdsemaphore.h"
-
-#include <pthread.h>
+#include "osi/osd/osdthreadid.h"
 
 #include <atomic>
 #include <string>
@@ -28,7 +27,7 @@ private:
 
 	std::string mutexName;
 	// Read by any thread to recognise re-entry; written by the owner only.
-	mutable std::atomic<pthread_t> owner{pthread_t{}};
+	mutable std::atomic<OsdThreadId> owner{0};
 	mutable int depth = 0;
 	mutable OsdSemaphore semaphore;
 };

@@ -1,5 +1,6 @@
 #include "osi/osd/osdsemaphore.h"
 
+#include <pthread.h>
 #include <sys/time.h>
 
 #include <cerrno>
@@ -22,62 +23,93 @@ timespec deadlineAfter(unsigned int milliseconds)
 	return deadline;
 }
 
+void unlockOnCancel(void* mutex)
+{
+	pthread_mutex_unlock(static_cast<pthread_mutex_t*>(mutex));
+}
+
 } // namespace
 
-OsdSemaphore::OsdSemaphore(const char* name, int initial, int maximumCount)
-: semaphoreName(name ? name : "")
+struct OsdSemaphore::Platform
 {
-	if (initial > maximumCount)
-		return;
-	maximum = maximumCount;
-	conditionCreated = pthread_cond_init(&condition, nullptr) == 0;
-	attributeCreated = pthread_mutexattr_init(&attribute) == 0;
-	if (attributeCreated)
+	// Creates nothing for an unusable semaphore.
+	explicit Platform(bool usable)
 	{
-		pthread_mutexattr_settype(&attribute, PTHREAD_MUTEX_ERRORCHECK);
-		mutexCreated = pthread_mutex_init(&mutex, &attribute) == 0;
+		if (!usable)
+			return;
+		conditionCreated = pthread_cond_init(&condition, nullptr) == 0;
+		attributeCreated = pthread_mutexattr_init(&attribute) == 0;
+		if (attributeCreated)
+		{
+			pthread_mutexattr_settype(&attribute, PTHREAD_MUTEX_ERRORCHECK);
+			mutexCreated = pthread_mutex_init(&mutex, &attribute) == 0;
+		}
 	}
+	~Platform()
+	{
+		if (mutexCreated)
+			pthread_mutex_destroy(&mutex);
+		if (attributeCreated)
+			pthread_mutexattr_destroy(&attribute);
+		if (conditionCreated)
+			pthread_cond_destroy(&condition);
+	}
+	Platform(const Platform&) = delete;
+	Platform& operator=(const Platform&) = delete;
+
+	bool isValid() const { return conditionCreated && attributeCreated && mutexCreated; }
+
+	pthread_mutex_t mutex;
+	pthread_mutexattr_t attribute;
+	pthread_cond_t condition;
+	bool conditionCreated = false;
+	bool attributeCreated = false;
+	bool mutexCreated = false;
+	int current = 0;
+	int maximum = 0;
+};
+
+OsdSemaphore::OsdSemaphore(const char* name, int initial, int maximumCount)
+: platform(std::make_unique<Platform>(initial <= maximumCount)),
+  semaphoreName(name ? name : "")
+{
+	if (!platform->isValid())
+		return;
+	platform->maximum = maximumCount;
 	signal(initial);
 }
 
-OsdSemaphore::~OsdSemaphore()
-{
-	if (mutexCreated)
-		pthread_mutex_destroy(&mutex);
-	if (attributeCreated)
-		pthread_mutexattr_destroy(&attribute);
-	if (conditionCreated)
-		pthread_cond_destroy(&condition);
-}
+OsdSemaphore::~OsdSemaphore() = default;
 
-void OsdSemaphore::unlockOnCancel(void* mutex)
+bool OsdSemaphore::isValid() const
 {
-	pthread_mutex_unlock(static_cast<pthread_mutex_t*>(mutex));
+	return platform->isValid();
 }
 
 int OsdSemaphore::waitOnSemaphore(unsigned int milliseconds)
 {
 	if (!isValid())
 		return OsdWaitInvalid;
+	Platform& p = *platform;
 	const timespec deadline = deadlineAfter(milliseconds);
-	if (pthread_mutex_lock(&mutex) != 0)
+	if (pthread_mutex_lock(&p.mutex) != 0)
 		return waitFailed;
 	int status = 0;
-	pthread_cleanup_push(unlockOnCancel, &mutex);
-	while (current == 0 && status == 0)
+	pthread_cleanup_push(unlockOnCancel, &p.mutex);
+	while (p.current == 0 && status == 0)
 	{
 		const int result = milliseconds == OsdInfiniteWait
-		                       ? pthread_cond_wait(&condition, &mutex)
-		                       : pthread_cond_timedwait(&condition, &mutex, &deadline);
+		                       ? pthread_cond_wait(&p.condition, &p.mutex)
+		                       : pthread_cond_timedwait(&p.condition, &p.mutex, &deadline);
 		if (result == ETIMEDOUT)
 			status = waitTimedOut;
 		else if (result != 0)
 			status = waitFailed;
 	}
 	// A unit that arrived together with the time-out is still taken.
-	if (current > 0)
+	if (p.current > 0)
 	{
-		--current;
+		--p.current;
 		status = 0;
 	}
 	pthread_cleanup_pop(1);
@@ -88,25 +120,26 @@ bool OsdSemaphore::signal(long n)
 {
 	if (!isValid() || n < 1)
 		return false;
-	if (pthread_mutex_lock(&mutex) != 0)
+	Platform& p = *platform;
+	if (pthread_mutex_lock(&p.mutex) != 0)
 		return false;
-	const long room = maximum - current;
+	const long room = p.maximum - p.current;
 	const int added = static_cast<int>(n < room ? n : room);
-	current += added;
+	p.current += added;
 	// One waiter per unit added: waking only on a rise from 0 would leave a
 	// second waiter asleep when two signals come before the first one runs.
 	for (int i = 0; i < added; ++i)
-		pthread_cond_signal(&condition);
-	pthread_mutex_unlock(&mutex);
+		pthread_cond_signal(&p.condition);
+	pthread_mutex_unlock(&p.mutex);
 	return true;
 }
 
 int OsdSemaphore::count() const
 {
-	if (!isValid() || pthread_mutex_lock(&mutex) != 0)
+	if (!isValid() || pthread_mutex_lock(&platform->mutex) != 0)
 		return 0;
-	const int value = current;
-	pthread_mutex_unlock(&mutex);
+	const int value = platform->current;
+	pthread_mutex_unlock(&platform->mutex);
 	return value;
 }
 

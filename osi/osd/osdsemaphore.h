@@ -3,8 +3,7 @@
 
 #include "osi/base/referencecount.h"
 
-#include <pthread.h>
-
+#include <memory>
 #include <string>
 
 // A time-out that never expires.
@@ -20,7 +19,7 @@ public:
 	OsdSemaphore(const char* name, int initial, int maximum);
 	~OsdSemaphore() override;
 
-	bool isValid() const { return conditionCreated && attributeCreated && mutexCreated; }
+	bool isValid() const;
 	const std::string& name() const { return semaphoreName; }
 
 	// Takes one unit, waiting up to the time-out (OsdInfiniteWait: no limit).
@@ -31,16 +30,11 @@ public:
 	int count() const;
 
 private:
-	static void unlockOnCancel(void* mutex);
+	// The POSIX mutex, its attribute and the condition, whether each was
+	// created, and the count with its maximum, which the mutex guards.
+	struct Platform;
 
-	mutable pthread_mutex_t mutex;
-	pthread_mutexattr_t attribute;
-	pthread_cond_t condition;
-	bool conditionCreated = false;
-	bool attributeCreated = false;
-	bool mutexCreated = false;
-	int current = 0;
-	int maximum = 0;
+	std::unique_ptr<Platform> platform;
 	std::string semaphoreName;
 };
 

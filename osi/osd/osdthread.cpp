@@ -1,15 +1,18 @@
 #include "osi/osd/osdthread.h"
 
+#include <pthread.h>
 #include <sched.h>
 
 #include <atomic>
+#include <chrono>
 #include <cstdio>
+#include <thread>
 
 namespace {
 
 std::atomic<unsigned int> lastThreadNumber{0};
 thread_local unsigned int threadNumberOfCaller = 0;
-const pthread_t initialisingThread = pthread_self();
+const OsdThreadId initialisingThread = osdCurrentThread();
 
 // Scheduling is set by the thread itself, so that a refused request (real-time
 // scheduling needs a privilege the process may lack) leaves the default.
@@ -51,21 +54,28 @@ struct ThreadEnd
 
 } // namespace
 
-OsdThread::OsdThread(OsdThreadType type) : threadType(type)
+struct OsdThread::Platform
 {
-	pthread_attr_init(&attributes);
-}
+	Platform() { pthread_attr_init(&attributes); }
+	~Platform() { pthread_attr_destroy(&attributes); }
+	Platform(const Platform&) = delete;
+	Platform& operator=(const Platform&) = delete;
+
+	pthread_t handle{};
+	pthread_attr_t attributes;
+};
+
+OsdThread::OsdThread(OsdThreadType type) : platform(std::make_unique<Platform>()), threadType(type)
+{}
 
 OsdThread::~OsdThread()
 {
-	if (running)
-	{
-		if (pthread_equal(handle, pthread_self()))
-			pthread_detach(handle);
-		else
-			waitForThreadClosure();
-	}
-	pthread_attr_destroy(&attributes);
+	if (!running)
+		return;
+	if (pthread_equal(platform->handle, pthread_self()))
+		pthread_detach(platform->handle);
+	else
+		waitForThreadClosure();
 }
 
 bool OsdThread::open(Function fn, OsiReferenceCount* arg, unsigned int stackSize)
@@ -89,10 +99,10 @@ bool OsdThread::start(Function fn, void* arg, OsiReferenceCount* counted, unsign
 		counted->lock();
 	lock();
 	if (stackSize != 0)
-		pthread_attr_setstacksize(&attributes, stackSize);
+		pthread_attr_setstacksize(&platform->attributes, stackSize);
 	number = lastThreadNumber.fetch_add(1) + 1;
 	running = true;
-	if (pthread_create(&handle, &attributes, run, this) != 0)
+	if (pthread_create(&platform->handle, &platform->attributes, run, this) != 0)
 	{
 		running = false;
 		if (counted)
@@ -118,7 +128,7 @@ void OsdThread::waitForThreadClosure()
 	if (!running)
 		return;
 	std::printf("*** Wait thread closure start %d\n", static_cast<int>(number));
-	pthread_join(handle, nullptr);
+	pthread_join(platform->handle, nullptr);
 	running = false;
 	std::printf("*** Wait thread closure end %d\n", static_cast<int>(number));
 }
@@ -131,7 +141,7 @@ void OsdThread::exit(unsigned long value)
 
 OsdThreadId OsdThread::threadId()
 {
-	return pthread_self();
+	return osdCurrentThread();
 }
 
 OsdThreadId OsdThread::mainThreadId()
@@ -141,10 +151,20 @@ OsdThreadId OsdThread::mainThreadId()
 
 bool OsdThread::isMainThread()
 {
-	return pthread_equal(pthread_self(), initialisingThread) != 0;
+	return osdCurrentThread() == initialisingThread;
 }
 
 unsigned int OsdThread::currentThreadNumber()
 {
 	return threadNumberOfCaller;
+}
+
+void OsdThread::yield()
+{
+	sched_yield();
+}
+
+void OsdThread::sleep(unsigned int milliseconds)
+{
+	std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
 }

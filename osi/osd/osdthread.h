@@ -2,8 +2,9 @@
 #pragma once
 
 #include "osi/base/referencecount.h"
+#include "osi/osd/osdthreadid.h"
 
-#include <pthread.h>
+#include <memory>
 
 // The kind of a thread. Background threads run at the lowest scheduling
 // class the system offers an ordinary process; time-critical threads ask for
@@ -14,8 +15,6 @@ enum class OsdThreadType
 	background,
 	timeCritical
 };
-
-using OsdThreadId = pthread_t;
 
 class OsdThread : public OsiReferenceCount
 {
@@ -50,14 +49,19 @@ public:
 	static bool isMainThread();
 	// The number of the calling thread; 0 on a thread not started here.
 	static unsigned int currentThreadNumber();
+	// Lets other threads run before the caller goes on.
+	static void yield();
+	static void sleep(unsigned int milliseconds);
 
 private:
+	// The POSIX thread handle and attributes.
+	struct Platform;
+
 	static void* run(void* self);
 	bool start(Function function, void* argument, OsiReferenceCount* counted,
 	           unsigned int stackSize);
 
-	pthread_t handle{};
-	pthread_attr_t attributes;
+	std::unique_ptr<Platform> platform;
 	OsdThreadType threadType;
 	unsigned int number = 0;
 	unsigned long exitCode = 0;

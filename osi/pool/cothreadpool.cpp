@@ -1,20 +1,13 @@
 #include "osi/pool/cothreadpool.h"
 
+#include "osi/osd/osdprocessors.h"
+
 #include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstdio>
 #include <list>
-#include <thread>
 #include <vector>
-
-#if defined(__APPLE__)
-#include <sys/sysctl.h>
-#include <sys/types.h>
-#else
-#include <sched.h>
-#include <unistd.h>
-#endif
 
 namespace {
 
@@ -123,18 +116,6 @@ void flushString(string_ext<char>& text, OsiOutputCallback callback, std::FILE* 
 	std::fflush(stream);
 }
 
-#if defined(__APPLE__)
-int sysctlCount(int name)
-{
-	int selector[2] = {CTL_HW, name};
-	int count = 0;
-	size_t length = sizeof count;
-	if (sysctl(selector, 2, &count, &length, nullptr, 0) != 0)
-		return 0;
-	return count;
-}
-#endif
-
 } // namespace
 
 OsiThreadPoolInfo::OsiThreadPoolInfo(int number, OsdThreadType type)
@@ -145,20 +126,7 @@ OsiThreadPoolInfo::OsiThreadPoolInfo(int number, OsdThreadType type)
 
 int OsiThreadPool::numberOfCores()
 {
-	int count = 0;
-#if defined(__APPLE__)
-	count = sysctlCount(HW_AVAILCPU);
-	if (count < 1)
-		count = sysctlCount(HW_NCPU);
-#else
-	// The processors this process may run on, then those online.
-	cpu_set_t set;
-	if (sched_getaffinity(0, sizeof set, &set) == 0)
-		count = CPU_COUNT(&set);
-	if (count < 1)
-		count = static_cast<int>(sysconf(_SC_NPROCESSORS_ONLN));
-#endif
-	return count < 1 ? 1 : count;
+	return osdNumberOfProcessors();
 }
 
 int OsiThreadPool::numberOfThreads()
@@ -293,7 +261,7 @@ bool OsiThreadPool::awaitRun(OsiThreadPoolInfo& info)
 	const auto watchEnd = std::chrono::steady_clock::now() + watchTime;
 	while (info.handOver.load() == OsiHandOver::watching &&
 	       std::chrono::steady_clock::now() < watchEnd)
-		std::this_thread::yield();
+		OsdThread::yield();
 	OsiHandOver expected = OsiHandOver::watching;
 	info.handOver.compare_exchange_strong(expected, OsiHandOver::sleeping);
 	if (expected == OsiHandOver::assigned)
@@ -388,7 +356,7 @@ OsiThreadPoolInfo* OsiThreadPool::callingWorker()
 	PoolLock lock;
 	for (const auto& worker : pool().workers)
 	{
-		if (pthread_equal(worker->threadId, self))
+		if (worker->threadId == self)
 			return worker.get();
 	}
 	return nullptr;

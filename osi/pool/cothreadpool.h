@@ -3,7 +3,10 @@
 #pragma once
 
 #include "osi/base/string_ext.h"
-#include "osi/runtime/cosync.h"
+#include "osi/osd/osdatomic.h"
+#include "osi/osd/osdmutex.h"
+#include "osi/osd/osdsemaphore.h"
+#include "osi/osd/osdthread.h"
 
 #include <atomic>
 #include <memory>
@@ -47,7 +50,7 @@ struct OsiThreadPoolInfo
 	void* data = nullptr;
 	const int number;
 	int index = 0;
-	OsdThreadId threadId{};
+	OsdThreadId threadId = 0;
 	std::atomic<OsiHandOver> handOver{OsiHandOver::watching};
 };
 

@@ -33,7 +33,7 @@ void countRun(void* data, int index, int threadIndex, string_ext<char>&)
 	counts.runs[static_cast<size_t>(index - counts.first)].fetch_add(1);
 	if (threadIndex < 0 || threadIndex >= std::max(1, numberOfThreads()))
 		counts.badThreadIndex.fetch_add(1);
-	if (pthread_equal(counts.caller, OsdThread::threadId()))
+	if (counts.caller == OsdThread::threadId())
 		counts.onCaller.fetch_add(1);
 }
 
