@@ -1,12 +1,9 @@
 #include "osi/services/coipcomms.h"
 
-#include "osi/services/cosocket.h"
-
-#include <poll.h>
-#include <sys/socket.h>
+#include "osi/osd/osdsocket.h"
+#include "osi/osd/osdthread.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
@@ -101,12 +98,12 @@ bool OsiIPCommsBase::attachSocket(int socket, bool blocking)
 
 bool OsiIPCommsBase::setBlocking(bool blocking)
 {
-	return connected && osiSetBlocking(socketHandle, blocking);
+	return connected && osdSetBlocking(socketHandle, blocking);
 }
 
 void OsiIPCommsBase::closeSocket()
 {
-	osiCloseSocket(socketHandle);
+	osdCloseSocket(socketHandle);
 	socketHandle = -1;
 	connected = false;
 	readPosition = 0;
@@ -134,10 +131,7 @@ bool OsiIPCommsBase::waitForInput(int milliseconds) const
 {
 	if (messagesLeft > 0)
 		return true;
-	if (!connected)
-		return false;
-	pollfd watched{socketHandle, POLLIN, 0};
-	return poll(&watched, 1, milliseconds) > 0;
+	return connected && osdWaitForInput(socketHandle, milliseconds);
 }
 
 // --- sending -----------------------------------------------------------------
@@ -210,21 +204,19 @@ void OsiIPCommsBase::transmit()
 	for (int attempt = 0; attempt < sendAttempts && busy; ++attempt)
 	{
 		if (attempt > 0)
-			osiSleepMilliseconds(sendPauseMilliseconds);
+			OsdThread::sleep(sendPauseMilliseconds);
 		busy = false;
 		while (sent < outgoingFill)
 		{
-			const ssize_t written =
-			    ::send(socketHandle, outgoing + sent, static_cast<size_t>(outgoingFill - sent),
-			           osiSendFlags());
+			OsdSocketStall stall = OsdSocketStall::ended;
+			const long written =
+			    osdSendOnSocket(socketHandle, outgoing + sent, outgoingFill - sent, stall);
 			if (written > 0)
 			{
 				sent += written;
 				continue;
 			}
-			if (written < 0 && errno == EINTR)
-				continue;
-			busy = written < 0 && (errno == EAGAIN || errno == EWOULDBLOCK || errno == ENOBUFS);
+			busy = stall == OsdSocketStall::busy;
 			if (!busy)
 				markPeerClosed();
 			break;
@@ -257,18 +249,11 @@ bool OsiIPCommsBase::receive(int& id, int& length, void*& data, int& remaining)
 // closed when the stream ended or broke).
 long OsiIPCommsBase::readSome(char* into, long length)
 {
-	for (;;)
-	{
-		const ssize_t got = recv(socketHandle, into, static_cast<size_t>(length), 0);
-		if (got > 0)
-			return got;
-		if (got < 0 && errno == EINTR)
-			continue;
-		if (got < 0 && (errno == EAGAIN || errno == EWOULDBLOCK))
-			return 0;
+	OsdSocketStall stall = OsdSocketStall::ended;
+	const long got = osdReceiveOnSocket(socketHandle, into, length, stall);
+	if (got == 0 && stall == OsdSocketStall::ended)
 		markPeerClosed();
-		return 0;
-	}
+	return got;
 }
 
 // Continues the packet under way; when it is complete and well formed its

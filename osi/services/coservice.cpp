@@ -1,11 +1,6 @@
 #include "osi/services/coservice.h"
 
-#include "osi/services/cosocket.h"
-
-#include <signal.h>
-#include <sys/socket.h>
-#include <sys/wait.h>
-#include <unistd.h>
+#include "osi/osd/osdthread.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -63,10 +58,10 @@ OsiService::~OsiService()
 
 unsigned short OsiService::findPort(const char* address)
 {
-	sockaddr_in target;
-	if (!osiSocketAddress(address, 0, target))
+	OsdSocketAddress target;
+	if (!osdSocketAddress(address, 0, target))
 		return noPort;
-	const int handle = osiOpenStreamSocket();
+	const int handle = osdOpenStreamSocket();
 	if (handle < 0)
 		return noPort;
 	unsigned short found = noPort;
@@ -76,12 +71,12 @@ unsigned short OsiService::findPort(const char* address)
 		// Port 0 would bind any free port, and 65535 reads as failure.
 		if (port == 0 || port == noPort)
 			continue;
-		target.sin_port = htons(port);
-		if (bind(handle, reinterpret_cast<sockaddr*>(&target), sizeof target) == 0)
+		target.port = port;
+		if (osdBindSocket(handle, target, false))
 			found = port;
 	}
 	// Only the counter reserves the port: the service program binds it.
-	osiCloseSocket(handle);
+	osdCloseSocket(handle);
 	return found;
 }
 
@@ -98,21 +93,15 @@ bool OsiService::open(const char* program, bool blocking)
 	std::printf("Connecting to %s Address: %s port: %s.\n", program, address.c_str(),
 	            portText.c_str());
 	char* arguments[] = {argumentZero.data(), address.data(), portText.data(), nullptr};
-	// The child must not print again what this process has buffered.
-	std::fflush(nullptr);
-	const pid_t pid = port == noPort ? -1 : fork();
-	if (pid < 0)
+	const OsdProcessId started =
+	    port == noPort ? -1 : osdStartProgram(executable.c_str(), arguments);
+	if (started < 0)
 	{
 		std::printf("Failed to open service %s.\n", program);
 		return false;
 	}
-	if (pid == 0)
-	{
-		execvp(executable.c_str(), arguments);
-		_exit(-1);
-	}
-	child = pid;
-	osiSocketAddress(loopbackAddress, port, serviceAddress);
+	child = started;
+	osdSocketAddress(loopbackAddress, port, serviceAddress);
 	if (!connectService(serviceAddress, connectPauseMilliseconds, connectAttempts))
 	{
 		endChild(0);
@@ -124,22 +113,23 @@ bool OsiService::open(const char* program, bool blocking)
 	return true;
 }
 
-bool OsiService::connectService(sockaddr_in& address, int delayMilliseconds, int attempts)
+bool OsiService::connectService(const OsdSocketAddress& address, int delayMilliseconds,
+                                int attempts)
 {
 	for (int attempt = 0; attempt < attempts; ++attempt)
 	{
-		osiSleepMilliseconds(delayMilliseconds);
+		OsdThread::sleep(static_cast<unsigned int>(delayMilliseconds));
 		if (childHasEnded())
 			return false;
-		const int handle = osiOpenStreamSocket();
+		const int handle = osdOpenStreamSocket();
 		if (handle < 0)
 		{
 			std::printf("Error at socket(): %d\n", errno);
 			return false;
 		}
-		if (connect(handle, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0)
+		if (osdConnectSocket(handle, address))
 			return attachSocket(handle, true);
-		::close(handle);
+		osdCloseSocket(handle);
 	}
 	return false;
 }
@@ -152,7 +142,7 @@ void OsiService::close(int milliseconds)
 
 bool OsiService::childHasEnded()
 {
-	if (child <= 0 || waitpid(child, nullptr, WNOHANG) != child)
+	if (!osdProcessHasEnded(child))
 		return false;
 	child = -1;
 	return true;
@@ -164,12 +154,11 @@ void OsiService::endChild(int milliseconds)
 	{
 		if (childHasEnded())
 			return;
-		osiSleepMilliseconds(childPollMilliseconds);
+		OsdThread::sleep(childPollMilliseconds);
 	}
 	if (child <= 0 || childHasEnded())
 		return;
-	kill(child, SIGKILL);
-	waitpid(child, nullptr, 0);
+	osdKillProcess(child);
 	child = -1;
 }
 

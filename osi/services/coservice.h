@@ -3,11 +3,10 @@
 // sends to a ring of notification callbacks.
 #pragma once
 
+#include "osi/osd/osdprocess.h"
+#include "osi/osd/osdsocket.h"
 #include "osi/runtime/cocallback.h"
 #include "osi/services/coipcomms.h"
-
-#include <netinet/in.h>
-#include <sys/types.h>
 
 #include <atomic>
 #include <cstdint>
@@ -55,9 +54,9 @@ public:
 	static unsigned short findPort(const char* address);
 	// Connects to address, up to attempts times, each after a pause of
 	// delayMilliseconds; gives up early when the started program has ended.
-	bool connectService(sockaddr_in& address, int delayMilliseconds, int attempts);
+	bool connectService(const OsdSocketAddress& address, int delayMilliseconds, int attempts);
 
-	pid_t servicePid() const { return child; }
+	OsdProcessId servicePid() const { return child; }
 
 	static std::atomic<std::uint16_t> NextPort;
 	static constexpr unsigned short noPort = 65535;
@@ -68,8 +67,8 @@ private:
 	bool childHasEnded();
 	void endChild(int milliseconds);
 
-	sockaddr_in serviceAddress{};
+	OsdSocketAddress serviceAddress;
 	OsiCallbackInstance notifications;
 	int notifying = 0;
-	pid_t child = -1;
+	OsdProcessId child = -1;
 };

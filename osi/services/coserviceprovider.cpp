@@ -1,10 +1,7 @@
 #include "osi/services/coserviceprovider.h"
 
-#include "osi/services/cosocket.h"
-
-#include <fcntl.h>
-#include <sys/socket.h>
-#include <unistd.h>
+#include "osi/osd/osdsocket.h"
+#include "osi/osd/osdthread.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -31,15 +28,11 @@ int acceptOne(int listener)
 {
 	for (;;)
 	{
-		const int accepted = accept(listener, nullptr, nullptr);
-		if (accepted >= 0)
-		{
-			fcntl(accepted, F_SETFD, FD_CLOEXEC);
+		OsdSocketStall stall = OsdSocketStall::ended;
+		const int accepted = osdAcceptOnSocket(listener, stall);
+		if (accepted >= 0 || stall == OsdSocketStall::ended)
 			return accepted;
-		}
-		if (errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR)
-			return -1;
-		osiSleepMilliseconds(acceptPauseMilliseconds);
+		OsdThread::sleep(acceptPauseMilliseconds);
 	}
 }
 
@@ -66,34 +59,32 @@ bool OsiServiceProvider::open(const char* address, const char* port, bool blocki
 {
 	if (isConnected())
 		return false;
-	const int listener = osiOpenStreamSocket();
+	const int listener = osdOpenStreamSocket();
 	if (listener < 0)
 	{
 		std::printf("Error at socket(): %d\n", errno);
 		return false;
 	}
-	const int on = 1;
-	setsockopt(listener, SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
 	unsigned short portNumber = 0;
-	sockaddr_in local;
-	if (!parsePort(port, portNumber) || !osiSocketAddress(address, portNumber, local) ||
-	    bind(listener, reinterpret_cast<sockaddr*>(&local), sizeof local) != 0)
+	OsdSocketAddress local;
+	if (!parsePort(port, portNumber) || !osdSocketAddress(address, portNumber, local) ||
+	    !osdBindSocket(listener, local, true))
 	{
 		std::puts("bind() failed.");
-		::close(listener);
+		osdCloseSocket(listener);
 		return false;
 	}
-	if (listen(listener, 1) != 0)
+	if (!osdListenOnSocket(listener, 1))
 	{
 		std::puts("Error listening on socket.");
-		::close(listener);
+		osdCloseSocket(listener);
 		return false;
 	}
 	std::printf("Waiting for provider to connect to Address: %s port: %s.\n", address, port);
 	std::fflush(stdout);
-	osiSetBlocking(listener, false);
+	osdSetBlocking(listener, false);
 	const int accepted = acceptOne(listener);
-	::close(listener);
+	osdCloseSocket(listener);
 	if (accepted < 0)
 		return false;
 	std::printf("Provider Connected to Address: %s port: %s.\n", address, port);

@@ -2,8 +2,8 @@
 // reader in pieces of changing size. Whatever arrives, the reader must not
 // read outside its buffers, allocate what a header merely claims or loop
 // forever, and every message it hands out must be readable to its end.
+#include "osi/osd/osdsocket.h"
 #include "osi/services/coipcomms.h"
-#include "osi/services/cosocket.h"
 
 #include <sys/socket.h>
 #include <unistd.h>
@@ -50,7 +50,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, size_t size)
 	OsiIPCommsBase comms(true);
 	comms.attachSocket(ends[0], false);
 	const int peer = ends[1];
-	osiSetBlocking(peer, false);
+	osdSetBlocking(peer, false);
 
 	size_t offset = 0;
 	bool shut = false;
