@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
-# The one test command: sets up what is missing, checks formatting, builds,
-# and runs the whole suite through CTest: the main build, then the sanitizer
-# builds (AddressSanitizer with UBSan and the bounded fuzz runs; ThreadSanitizer),
-# which compile only the framework and the tests that run under them.
+# The one test command: sets up what is missing, builds, checks formatting and
+# the direction of the framework's includes, and runs the whole suite through
+# CTest: the main build, then the sanitizer builds (AddressSanitizer with UBSan
+# and the bounded fuzz runs; ThreadSanitizer), which compile only the framework
+# and the tests that run under them.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=${VELORA_BUILD_DIR:-$root/build}
@@ -11,6 +12,7 @@ jobs=$(nproc)
 "$root/scripts/build.sh"
 echo "test: checking formatting"
 "$root/scripts/format.sh"
+"$root/scripts/check_layers.sh"
 
 passed=0 failed=0 status=0
 # run_ctest DIR: runs one tree's tests and adds its counts to the totals.
