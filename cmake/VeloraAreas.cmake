@@ -1,4 +1,4 @@
-# Libraries of the framework's areas, shared by osi/ and persist/.
+# Libraries of the framework's areas (osi/, persist/) and of the graph toolkit (vgui/).
 
 # velora_area_headers(TARGET FOLDER): the headers of FOLDER (osi/pool,
 # persist, ...) reach only the code that links TARGET, under their usual

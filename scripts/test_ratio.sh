@@ -21,7 +21,7 @@ product_lines() { count '\.(cpp|h)$' "$@"; }
 areas=(
   "plugin support:plugin"
   "persist:persist"
-  "runtime:osi/base osi/osd osi/containers osi/runtime"
+  "containers runtime:osi/base osi/osd osi/containers osi/runtime"
   "pool:osi/pool"
   "services:osi/services"
   "numerics:osi/numerics"
