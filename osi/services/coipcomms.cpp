@@ -88,6 +88,7 @@ bool OsiIPCommsBase::attachSocket(int socket, bool blocking)
 	socketHandle = socket;
 	connected = true;
 	peerClosed = false;
+	framingLost = false;
 	alive = true;
 	nextCheck = {};
 	sendDepth = 0;
@@ -125,6 +126,14 @@ void OsiIPCommsBase::closeConnection()
 void OsiIPCommsBase::markPeerClosed()
 {
 	peerClosed = true;
+}
+
+// Once a packet is refused the stream can no longer be framed: nothing more is
+// read from it.
+void OsiIPCommsBase::refusePacket()
+{
+	framingLost = true;
+	markPeerClosed();
 }
 
 bool OsiIPCommsBase::waitForInput(int milliseconds) const
@@ -238,7 +247,8 @@ bool OsiIPCommsBase::receive(int& id, int& length, void*& data, int& remaining)
 {
 	if (!connected)
 		return false;
-	if (messagesLeft == 0 && !peerClosed)
+	// A closed peer only sets a flag: what it sent before going still arrives.
+	if (messagesLeft == 0 && !framingLost)
 		readPacket();
 	const bool delivered = deliverNext(id, length, data, remaining);
 	checkKeepAlive();
@@ -257,7 +267,7 @@ long OsiIPCommsBase::readSome(char* into, long length)
 }
 
 // Continues the packet under way; when it is complete and well formed its
-// messages become ready. Anything malformed closes the connection unread.
+// messages become ready. A malformed packet is refused and ends reading.
 void OsiIPCommsBase::readPacket()
 {
 	char* header = reinterpret_cast<char*>(&incoming);
@@ -269,13 +279,13 @@ void OsiIPCommsBase::readPacket()
 		readPosition += got;
 	}
 	if (!headerAcceptable())
-		return markPeerClosed();
+		return refusePacket();
 	const long total = packetHeaderSize + incoming.payloadLength;
 	while (readPosition < total)
 	{
 		const long arrived = readPosition - packetHeaderSize;
 		if (!makeRoomForPayload(arrived))
-			return markPeerClosed();
+			return refusePacket();
 		const long got =
 		    readSome(payload + arrived, std::min(total - readPosition, payloadCapacity - arrived));
 		if (got == 0)
@@ -284,7 +294,7 @@ void OsiIPCommsBase::readPacket()
 	}
 	readPosition = 0;
 	if (!payloadAcceptable())
-		return markPeerClosed();
+		return refusePacket();
 	messagesLeft = incoming.messageCount;
 	walkOffset = 0;
 }
@@ -353,7 +363,7 @@ bool OsiIPCommsBase::deliverNext(int& id, int& length, void*& data, int& remaini
 
 void OsiIPCommsBase::checkKeepAlive()
 {
-	if (!keepAlive || peerClosed)
+	if (!keepAlive)
 		return;
 	const auto now = std::chrono::steady_clock::now();
 	if (now < nextCheck)

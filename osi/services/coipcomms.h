@@ -29,7 +29,8 @@ public:
 	// (valid until the next call) and how many messages of its packet follow.
 	// Reads at most one packet per call, without waiting on a non-blocking
 	// socket; answers pings on the way. False when no application message is
-	// ready, and always once the peer is closed and its last packet delivered.
+	// ready. A closed peer is only a flag: what it still sends is delivered.
+	// After a refused (malformed) packet nothing more is read.
 	bool receive(int& id, int& length, void*& data, int& remaining);
 
 	// Takes over a connected socket (closing the one held before).
@@ -43,7 +44,7 @@ public:
 
 	void setKeepAliveInterval(std::chrono::milliseconds interval) { keepAliveInterval = interval; }
 	// The longest payload accepted from the peer (and sent in one packet);
-	// longer packets are taken for garbage and close the connection.
+	// longer packets are refused like malformed ones.
 	void setMaximumPacketLength(long bytes);
 	long maximumPacketLength() const { return maximumPayload; }
 	long receiveBufferCapacity() const { return payloadCapacity; }
@@ -75,6 +76,7 @@ private:
 	void transmit();
 	void sendSignal(int id);
 	void markPeerClosed();
+	void refusePacket();
 
 	OsiPacketHeader incoming{};
 	long readPosition = 0;
@@ -92,6 +94,7 @@ private:
 	int socketHandle = -1;
 	bool connected = false;
 	bool peerClosed = false;
+	bool framingLost = false;
 	const bool keepAlive;
 	bool alive = true;
 	std::chrono::steady_clock::time_point nextCheck{};
