@@ -56,8 +56,9 @@ void runSerially(void* data, OsiParallelBody body, const Indices& indices)
 		return runOnWorker(data, body, indices, *worker);
 	for (long long position = 0; position < indices.size(); ++position)
 	{
+		OsiThreadPool::clearSerialised();
 		body(data, indices[position], 0, OsiThreadPool::serialisedStdOut());
-		OsiThreadPool::flushSerialised();
+		OsiThreadPool::passSerialisedToCallbacks();
 	}
 }
 

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdio>
 #include <list>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -24,10 +25,9 @@ struct OutputList
 
 struct PoolState
 {
-	// Guards opening and closing, the nesting count and the explicit hold.
+	// Guards opening and closing and the nesting count.
 	OsdAtomicLock lifecycle;
 	int nesting = 0;
-	bool heldOpen = false;
 	bool initialised = false;
 
 	std::atomic<int> size{0};
@@ -143,17 +143,15 @@ bool OsiThreadPool::initialise(int threads, OsdThreadType type)
 {
 	PoolState& state = pool();
 	OsdAtomicLockScope scope(state.lifecycle);
-	const bool opened = open(threads, type);
-	if (opened)
-		state.heldOpen = true;
-	return opened;
+	return open(threads, type);
 }
 
 void OsiThreadPool::close()
 {
 	PoolState& state = pool();
 	OsdAtomicLockScope scope(state.lifecycle);
-	state.heldOpen = false;
+	// Workers that run a loop's bodies cannot be joined from inside it; the
+	// outermost loop closes the pool as it ends.
 	if (state.nesting == 0)
 		shutDown();
 }
@@ -170,7 +168,7 @@ void OsiThreadPool::leaveLoop()
 {
 	PoolState& state = pool();
 	OsdAtomicLockScope scope(state.lifecycle);
-	if (--state.nesting == 0 && !state.heldOpen)
+	if (--state.nesting == 0)
 		shutDown();
 }
 
@@ -400,6 +398,24 @@ void OsiThreadPool::flushSerialised()
 	PoolState& state = pool();
 	flushString(serialisedOut, state.stdOutCallback.load(), stdout);
 	flushString(serialisedErr, state.stdErrCallback.load(), stderr);
+}
+
+void OsiThreadPool::clearSerialised()
+{
+	serialisedOut.clear();
+	serialisedErr.clear();
+}
+
+void OsiThreadPool::passSerialisedToCallbacks()
+{
+	PoolState& state = pool();
+	for (auto [text, callback] : {std::make_pair(&serialisedOut, state.stdOutCallback.load()),
+	                              std::make_pair(&serialisedErr, state.stdErrCallback.load())})
+	{
+		if (callback && !text->empty())
+			callback(*text);
+	}
+	clearSerialised();
 }
 
 string_ext<char>& OsiThreadPool::serialisedStdOut()

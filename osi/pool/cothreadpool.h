@@ -55,9 +55,8 @@ struct OsiThreadPoolInfo
 };
 
 // All state is static: there is one pool per process. It opens on first use
-// by a loop (or explicitly) and closes when the last loop using it ends; an
-// explicit open keeps it until the explicit close, so that a program running
-// many loops starts its workers once.
+// by a loop (or explicitly, with a chosen size) and closes when the last loop
+// using it ends (or explicitly), so that the next loop gets every core.
 class OsiThreadPool
 {
 public:
@@ -65,7 +64,7 @@ public:
 	// when threads < 1 or not below the core count; never more than
 	// maximumThreads. False if the workers cannot be started.
 	static bool initialise(int threads, OsdThreadType type = OsdThreadType::normal);
-	// Closes the pool now, or when the loops running on it have ended.
+	// Closes the pool now; while loops run on it, the outermost closes it.
 	static void close();
 	// Pool size; 0 while closed.
 	static int numberOfThreads();
@@ -87,9 +86,12 @@ public:
 	// Prints (or passes to the callbacks) what workers collected, and the
 	// calling thread's serialised output.
 	static void flushStdOutAndStdErr();
-	// Prints the calling thread's serialised output; the serial loops call it
-	// after every body.
+	// Prints the calling thread's serialised output.
 	static void flushSerialised();
+	// A serial loop clears the serialised output before every body and after
+	// it passes what the body wrote to the callbacks that are set.
+	static void clearSerialised();
+	static void passSerialisedToCallbacks();
 	// The serialised output that serial loop bodies write to.
 	static string_ext<char>& serialisedStdOut();
 

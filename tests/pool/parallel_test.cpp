@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <climits>
+#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -41,14 +43,6 @@ int runsNotOnce(const Counts& counts)
 {
 	return static_cast<int>(std::count_if(counts.runs.begin(), counts.runs.end(),
 	                                      [](const std::atomic<int>& n) { return n.load() != 1; }));
-}
-
-int countOf(const std::string& text, const std::string& what)
-{
-	int n = 0;
-	for (size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + 1))
-		++n;
-	return n;
 }
 
 int expectedPoolSize()
@@ -232,25 +226,130 @@ TEST(ThreadPool, RequestsAreCappedAtTheCoreCount)
 	expectClosed();
 }
 
-TEST(ThreadPool, AnExplicitPoolServesLoopsUntilItIsClosed)
+// --- the pool's lifetime ----------------------------------------------------
+
+enum class Step
 {
-	testing::internal::CaptureStdout();
-	ASSERT_TRUE(openThreadPool(1));
-	ASSERT_TRUE(openThreadPool(4)) << "an open pool stays as it is";
-	EXPECT_EQ(numberOfThreads(), 1);
-	for (int loop = 0; loop < 3; ++loop)
+	open1,
+	open4,
+	close,
+	loop,
+	nestedLoop,
+	loopThatCloses // a body asks to close the pool its loop runs on
+};
+
+constexpr int allCores = -1; // stands for one worker per core
+constexpr int none = -2;     // a step that runs no body
+
+struct StepResult
+{
+	Step step;
+	int seenByBodies;
+	int afterwards;
+};
+
+struct Lifetime
+{
+	const char* name;
+	std::vector<StepResult> steps;
+};
+
+void PrintTo(const Lifetime& lifetime, std::ostream* out)
+{
+	*out << lifetime.name;
+}
+
+struct Seen
+{
+	std::atomic<int> smallest{INT_MAX};
+	std::atomic<int> largest{INT_MIN};
+	bool closes = false;
+};
+
+void recordPoolSize(void* data, int, int, string_ext<char>&)
+{
+	Seen& seen = *static_cast<Seen*>(data);
+	if (seen.closes)
+		closeThreadPool();
+	const int size = numberOfThreads();
+	for (int low = seen.smallest.load();
+	     size < low && !seen.smallest.compare_exchange_weak(low, size);)
+	{}
+	for (int high = seen.largest.load();
+	     size > high && !seen.largest.compare_exchange_weak(high, size);)
+	{}
+}
+
+void recordInInnerLoop(void* data, int, int, string_ext<char>&)
+{
+	parallelFor(data, recordPoolSize, 0, 8, false);
+}
+
+int take(const StepResult& result, Seen& seen)
+{
+	switch (result.step)
 	{
-		Counts counts(0, 300);
-		parallelFor(&counts, countRun, 0, 300, false);
-		EXPECT_EQ(runsNotOnce(counts), 0);
-		EXPECT_EQ(counts.badThreadIndex.load(), 0) << "a thread index other than 0";
-		EXPECT_EQ(numberOfThreads(), 1);
+	case Step::open1:
+		return openThreadPool(1) ? none : INT_MIN;
+	case Step::open4:
+		return openThreadPool(4) ? none : INT_MIN;
+	case Step::close:
+		closeThreadPool();
+		return none;
+	case Step::loop:
+	case Step::loopThatCloses:
+		seen.closes = result.step == Step::loopThatCloses;
+		parallelFor(&seen, recordPoolSize, 0, 16, false);
+		break;
+	case Step::nestedLoop:
+		parallelFor(&seen, recordInInnerLoop, 0, 4, false);
+		break;
 	}
-	const std::string output = testing::internal::GetCapturedStdout();
-	EXPECT_EQ(countOf(output, "*** Start thread"), 1) << "loops started workers of their own";
+	return seen.smallest.load() == seen.largest.load() ? seen.smallest.load() : INT_MIN;
+}
+
+class PoolLifetime : public testing::TestWithParam<Lifetime>
+{};
+
+// After each step: the pool size the bodies saw, and the threads left.
+TEST_P(PoolLifetime, ThreadCountsFollowEachStep)
+{
+	const auto resolve = [](int count) { return count == allCores ? expectedPoolSize() : count; };
+	const std::vector<StepResult>& steps = GetParam().steps;
+	testing::internal::CaptureStdout();
+	for (size_t at = 0; at < steps.size(); ++at)
+	{
+		Seen seen;
+		EXPECT_EQ(take(steps[at], seen), resolve(steps[at].seenByBodies)) << "step " << at;
+		EXPECT_EQ(numberOfThreads(), resolve(steps[at].afterwards)) << "after step " << at;
+	}
+	testing::internal::GetCapturedStdout();
 	closeThreadPool();
 	expectClosed();
 }
+
+const Lifetime lifetimes[] = {
+    {"loopsOpenAndCloseTheirPool", {{Step::loop, allCores, 0}, {Step::loop, allCores, 0}}},
+    {"anExplicitPoolServesUntilTheLoopEnds",
+     {{Step::open1, none, 1},
+      {Step::open4, none, 1},
+      {Step::loop, 1, 0},
+      {Step::loop, allCores, 0}}},
+    {"anExplicitCloseClosesAtOnce",
+     {{Step::open1, none, 1},
+      {Step::close, none, 0},
+      {Step::close, none, 0},
+      {Step::loop, allCores, 0}}},
+    {"nestedLoopsShareThePoolAndTheOutermostClosesIt",
+     {{Step::open1, none, 1}, {Step::nestedLoop, 1, 0}, {Step::nestedLoop, allCores, 0}}},
+    {"aCloseInsideALoopLeavesItToTheOutermost",
+     {{Step::loopThatCloses, allCores, 0}, {Step::open1, none, 1}, {Step::loopThatCloses, 1, 0}}},
+};
+
+INSTANTIATE_TEST_SUITE_P(ThreadPool, PoolLifetime, testing::ValuesIn(lifetimes),
+                         [](const testing::TestParamInfo<Lifetime>& info) {
+	                         return std::string(info.param.name);
+                         });
 
 struct Nested
 {
@@ -277,27 +376,6 @@ void innerLoopAt(void* data, int index, int threadIndex, string_ext<char>& out)
 {
 	Slice& slice = *static_cast<Slice*>(data);
 	innerLoop(slice.nested, slice.first + index, threadIndex, out);
-}
-
-void outerLoop(void* data, int index, int, string_ext<char>&)
-{
-	Nested& nested = *static_cast<Nested*>(data);
-	Slice slice{&nested, index * 100};
-	parallelFor(&slice, innerLoopAt, 0, 100, false);
-	if (numberOfThreads() != nested.poolSize)
-		nested.poolChanged.fetch_add(1);
-}
-
-TEST(ParallelFor, NestedLoopsShareOnePoolThatTheOutermostCloses)
-{
-	Nested nested;
-	testing::internal::CaptureStdout();
-	parallelFor(&nested, outerLoop, 0, 4, false);
-	const std::string output = testing::internal::GetCapturedStdout();
-	EXPECT_EQ(runsNotOnce(nested.inner), 0);
-	EXPECT_EQ(nested.poolChanged.load(), 0) << "an inner loop closed or resized the pool";
-	EXPECT_EQ(countOf(output, "*** Start thread"), nested.poolSize) << output;
-	expectClosed();
 }
 
 void outerOnCaller(void* data, int, int, string_ext<char>&)

@@ -149,6 +149,23 @@ TEST_F(PoolOutput, SerialBodiesWriteThroughTheCallerInOrder)
 	EXPECT_EQ(collectedErr[2], lineOf(2, "error"));
 }
 
+TEST_F(PoolOutput, SerialBodiesStartCleanAndWriteOnlyToTheCallbacks)
+{
+	writeToStdOutString("before the loop\n");
+	parallelFor(nullptr, writeThreeWays, 0, 1, true);
+	ASSERT_EQ(collectedOut.size(), 1u);
+	EXPECT_EQ(collectedOut[0], lineOf(0, "first") + lineOf(0, "second"));
+
+	OsiThreadPool::setStdOutCallback(nullptr);
+	OsiThreadPool::setStdErrCallback(nullptr);
+	testing::internal::CaptureStdout();
+	testing::internal::CaptureStderr();
+	parallelFor(nullptr, writeThreeWays, 0, 2, true);
+	OsiThreadPool::flushStdOutAndStdErr();
+	EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+	EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+}
+
 TEST_F(PoolOutput, OnlyWorkersAndTheMainThreadMayWrite)
 {
 	EXPECT_FALSE(writeToStdOutString(nullptr));
