@@ -170,7 +170,8 @@ void VGuiGraphControl::onMouseWheelEvent(MouseWheelEvent& event)
 	const CMouseWheelAxis axis = vertical ? kMouseWheelAxisY : kMouseWheelAxisX;
 	const float distance = static_cast<float>(vertical ? event.deltaY : event.deltaX);
 	CPoint where = event.mousePosition;
-	if (shown->onMouseWheelEvent(where, axis, distance, buttonStateFromEventModifiers(event.modifiers), this))
+	if (shown->onMouseWheelEvent(where, axis, distance,
+	                             buttonStateFromEventModifiers(event.modifiers), this))
 		event.consumed = true;
 }
 

@@ -1,18 +1,67 @@
 // The tool that the mouse drives on a graph (zoom, pan, data read-outs): a
 // graph element that hears every event last and follows plots that the
 // graph replaces. The cursors themselves derive from it.
+//
+// The drag protocol: a press of the left button alone starts a drag at the
+// pointer (beginAction), moves follow it (moveAction) and the release ends
+// it (endAction with the start, the end and whether Escape cancelled it). A
+// double click neither starts nor ends one. The cursor is visible while
+// dragging. Read-outs go to the listeners of dataMessages.
 #pragma once
 
+#include "vgui/vguigraphcursorcallback.h"
 #include "vgui/vguigraphelement.h"
 
+class VGuiColour;
 class VGuiGraphPlot;
 
 class VGuiGraphCursor : public VGuiGraphElement
 {
 public:
-	using VGuiGraphElement::VGuiGraphElement;
+	explicit VGuiGraphCursor(VGuiGraph* graph = nullptr);
 
+	void draw(VSTGUI::CDrawContext* context, const VGuiRect& update) const override;
+	// Builds nothing by default.
+	void realize(VSTGUI::CDrawContext* context) override;
+	bool onKeyUpEvent(VstKeyCode& key, VSTGUI::CView* view) override;
+	bool onMouseDownEvent(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons, bool& handled,
+	                      VSTGUI::CView* view) override;
+	bool onMouseUpEvent(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons, bool& handled,
+	                    VSTGUI::CView* view) override;
+	bool onMouseMovedEvent(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons,
+	                       bool& handled, VSTGUI::CView* view) override;
+
+	virtual void moveAction(const VGuiPoint&) {}
+	virtual void beginAction(const VGuiPoint&) {}
+	virtual void endAction(const VGuiPoint& start, const VGuiPoint& end, bool cancelled);
 	// old has been replaced by replacement on the graph (both the same plot
 	// when its data changed).
 	virtual void notifyPlotReplaced(VGuiGraphPlot*, VGuiGraphPlot*) {}
+
+	// Shows or hides the cursor's figures, repainting where they were.
+	void visible(bool on);
+	bool visible() const { return shown; }
+	void cancel() { cancelled = true; }
+	bool isDragging() const { return dragging; }
+	void notifyDataCursorMsg(const VGuiPoint& p, int dataId) const;
+	void notifyDataCursorMsg(const VGuiGraphPoint& p, int dataId) const;
+
+	VGuiGraphCursorCallback dataMessages;
+
+protected:
+	// The left button and no other.
+	static bool leftAlone(const VSTGUI::CButtonState& buttons);
+	// Starts a drag at p.
+	void startDrag(const VGuiPoint& p);
+	// The rectangle between the drag's ends, for zooming.
+	void realizeRubberBand();
+	// A line from the drag's start to its end, for panning.
+	void realizeDragLine();
+
+	VGuiPoint start;
+	VGuiPoint end;
+	bool shown = false;
+	bool cancelled = false;
+	bool dragging = false;
+	bool doubleClick = false;
 };

@@ -1,0 +1,444 @@
+// The graph control in a real window: an X11 window under a virtual X server
+// holding a VSTGUI frame served by the plug-in's X11 run loop, with events
+// entering through the frame's platform entry (as the X11 frame hands them
+// on), so that hit-testing, focus and invalidation take the real path. The
+// window's pixels are the frame's own rendering into an offscreen context.
+#include "support/host_frame.h"
+#include "support/virtual_display.h"
+
+#include "vgui/vguidatacursor.h"
+#include "vgui/vguidatacursormsg.h"
+#include "vgui/vguigraphcontrol.h"
+#include "vgui/vguigraphcontroltypeinfo.h"
+#include "vgui/vguigraphcursorcolour.h"
+#include "vgui/vguilineplot.h"
+#include "vgui/vguipancursor.h"
+#include "vgui/vguizoomincursor.h"
+#include "vgui/vguizoomoutcursor.h"
+#include "x11_runloop.h"
+
+#include "vstgui/lib/cbitmap.h"
+#include "vstgui/lib/cframe.h"
+#include "vstgui/lib/coffscreencontext.h"
+#include "vstgui/lib/events.h"
+#include "vstgui/lib/vstguiinit.h"
+
+#include <X11/Xlib.h>
+
+#include <cmath>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace velora_test {
+namespace {
+
+using namespace VSTGUI;
+
+const auto* virtualDisplay = ::testing::AddGlobalTestEnvironment(new VirtualDisplay);
+
+constexpr int width = 400;
+constexpr int height = 300;
+
+// Keeps what the cursors report.
+struct Listener
+{
+	static bool heard(void* self, void* message)
+	{
+		auto* msg = static_cast<VGuiGraphCursorMsg*>(message);
+		auto* listener = static_cast<Listener*>(self);
+		listener->texts.push_back(msg->text());
+		listener->ids.push_back(msg->dataId());
+		if (auto* data = dynamic_cast<VGuiDataCursorMsg*>(msg))
+			listener->points.push_back(data->point);
+		return false;
+	}
+	OsiCallbackInstance member{&Listener::heard, this};
+	std::vector<std::string> texts;
+	std::vector<int> ids;
+	std::vector<VGuiGraphPoint> points;
+};
+
+// One X11 window with a VSTGUI frame for the whole program, opened after the
+// display and closed before it goes: the X11 platform's cairo surfaces do not
+// survive the frames' connection closing and opening again.
+class WindowFrame : public ::testing::Environment
+{
+public:
+	void SetUp() override
+	{
+		init(nullptr);
+		Display* display = VirtualDisplay::display;
+		window =
+		    XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, width, height, 0, 0, 0);
+		XMapWindow(display, window);
+		XFlush(display);
+		frame = new CFrame(CRect(0, 0, width, height), nullptr);
+		config = Steinberg::Vst::hostRunLoopConfig(&host);
+		opened = frame->open(reinterpret_cast<void*>(window), PlatformType::kX11EmbedWindowID,
+		                     config.get());
+		host.run(5);
+		shared = this;
+	}
+	void TearDown() override
+	{
+		frame->close();
+		host.run(2);
+		XDestroyWindow(VirtualDisplay::display, window);
+		XFlush(VirtualDisplay::display);
+	}
+
+	static WindowFrame* shared;
+	HostFrame host;
+	CFrame* frame = nullptr;
+	bool opened = false;
+
+private:
+	unsigned long window = 0;
+	std::unique_ptr<IPlatformFrameConfig> config;
+};
+WindowFrame* WindowFrame::shared = nullptr;
+const auto* windowFrame = ::testing::AddGlobalTestEnvironment(new WindowFrame);
+
+// A graph control filling the window's frame: x and y from 0 to 100 on
+// linear axes unless told otherwise.
+class GraphWindow
+{
+public:
+	explicit GraphWindow(VGuiGraphAxisType yType = VGuiGraphLinearAxis)
+	: host(WindowFrame::shared->host),
+	  frame(WindowFrame::shared->frame),
+	  opened(WindowFrame::shared->opened)
+	{
+		control = new VGuiGraphControl(CRect(0, 0, width, height), nullptr, 0, nullptr);
+		control->create(VGuiGraphControlTypeInfo(VGuiGraphLinearAxis, yType, "x", "y"), 100.0, 0.0,
+		                100.0, yType == VGuiGraphLinearAxis ? 0.0 : 0.01, 1.0, 0.0);
+		frame->addView(control);
+		frame->setFocusView(control);
+		host.run(2);
+	}
+	~GraphWindow()
+	{
+		frame->removeView(control, true);
+		host.run(2);
+	}
+
+	VGuiGraph* graph() const { return control->graph(); }
+	// Installs the cursor (taking over the creator's reference), listened to.
+	template <typename Cursor> Cursor* use(Cursor* cursor)
+	{
+		graph()->graphCursor(cursor);
+		cursor->release();
+		cursor->dataMessages.link(&listener.member);
+		return cursor;
+	}
+
+	void press(CPoint p, uint32_t clicks = 1)
+	{
+		MouseDownEvent e(p, MouseButton::Left);
+		e.clickCount = clicks;
+		deliver(e);
+		lastDown = e.consumed;
+	}
+	void drag(CPoint p)
+	{
+		MouseMoveEvent e(p, MouseButton::Left);
+		deliver(e);
+	}
+	void hover(CPoint p)
+	{
+		MouseMoveEvent e(p, MouseEventButtonState());
+		deliver(e);
+	}
+	void release(CPoint p, uint32_t clicks = 1)
+	{
+		MouseUpEvent e(p, MouseButton::Left);
+		e.clickCount = clicks;
+		deliver(e);
+	}
+	void key(VirtualKey virt, char32_t character, bool shift, EventType type)
+	{
+		KeyboardEvent e(type);
+		e.virt = virt;
+		e.character = character;
+		if (shift)
+			e.modifiers.add(ModifierKey::Shift);
+		deliver(e);
+	}
+	void tap(VirtualKey virt, char32_t character = 0, bool shift = false)
+	{
+		key(virt, character, shift, EventType::KeyDown);
+		key(virt, character, shift, EventType::KeyUp);
+	}
+	// A whole drag: press, a few steps, optionally Escape, release.
+	void dragFromTo(CPoint a, CPoint b, bool escape = false)
+	{
+		press(a);
+		for (int step = 1; step <= 4; ++step)
+			drag(a + (b - a) * (step / 4.0));
+		if (escape)
+			tap(VirtualKey::Escape);
+		release(b);
+	}
+
+	// The window's pixel as the frame renders it.
+	VGuiColour pixel(int x, int y) const
+	{
+		auto context = COffscreenContext::create(CPoint(width, height));
+		context->beginDraw();
+		frame->drawRect(context, CRect(0, 0, width, height));
+		context->endDraw();
+		auto pixels = VSTGUI::owned(CBitmapPixelAccess::create(context->getBitmap(), false));
+		pixels->setPosition(static_cast<uint32_t>(x), static_cast<uint32_t>(y));
+		CColor c;
+		pixels->getColor(c);
+		return VGuiColour(c);
+	}
+	// Whether the cursor's colour is at p or a pixel next to it.
+	bool cursorNear(CPoint p) const
+	{
+		for (int dy = -1; dy <= 1; ++dy)
+			for (int dx = -1; dx <= 1; ++dx)
+				if (pixel(static_cast<int>(p.x) + dx, static_cast<int>(p.y) + dy) ==
+				    VGuiGraphCursorColour::Colour)
+					return true;
+		return false;
+	}
+	// The graph point at a window point.
+	VGuiGraphPoint at(CPoint p) const
+	{
+		VGuiGraphPoint g;
+		graph()->inverseMap(g, VGuiPoint(p));
+		return g;
+	}
+	// The window point of a graph point.
+	CPoint where(double x, double y) const
+	{
+		VGuiPoint p;
+		graph()->map(p, VGuiGraphPoint(x, y, 0.0), true);
+		return CPoint(p.x, p.y);
+	}
+
+	HostFrame& host;
+	CFrame* frame;
+	VGuiGraphControl* control = nullptr;
+	Listener listener;
+	bool opened;
+	bool lastDown = false;
+
+private:
+	void deliver(Event& e)
+	{
+		// The entry that the X11 frame calls for the events of its window.
+		static_cast<IPlatformFrameCallback*>(frame)->platformOnEvent(e);
+		host.run(1);
+	}
+};
+
+double span(const VGuiGraph* g)
+{
+	return g->maximum().x - g->minimum().x;
+}
+
+TEST(GraphWindow, OpensAndPaintsTheGraphWhereVSTGUIDrawsIt)
+{
+	GraphWindow w;
+	ASSERT_TRUE(w.opened);
+	EXPECT_TRUE(w.graph()->attached());
+	EXPECT_EQ(w.graph()->extent(), VGuiRect(0, 0, width, height));
+	const VGuiRect area = w.graph()->plotArea();
+	ASSERT_GT(area.right - area.left, 200.0);
+	// The plot area's background inside, the window's outside.
+	EXPECT_EQ(w.pixel(static_cast<int>(area.left + 20), static_cast<int>(area.top + 20)),
+	          VGuiColour(0, 0, 0));
+	EXPECT_EQ(w.pixel(2, 2), VGuiColour(192, 192, 192));
+	// A transparent control leaves the frame's own (black) background.
+	w.control->setAlphaValue(0.0f);
+	EXPECT_EQ(w.pixel(2, 2), VGuiColour(0, 0, 0));
+}
+
+enum class Tool
+{
+	ZoomIn,
+	ZoomOut,
+	Pan
+};
+
+struct DragCase
+{
+	const char* name;
+	Tool tool;
+	CPoint from;
+	CPoint to;
+	bool escape;
+	// The span of x afterwards over the span before; 0: the dragged ends.
+	double spanRatio;
+};
+
+class GraphWindowDrags : public ::testing::TestWithParam<DragCase>
+{};
+
+TEST_P(GraphWindowDrags, ZoomAndPanCursorsMoveTheRangesUnlessCancelled)
+{
+	const DragCase c = GetParam();
+	GraphWindow w;
+	VGuiGraphCursor* cursor = nullptr;
+	switch (c.tool)
+	{
+	case Tool::ZoomIn:
+		cursor = w.use(new VGuiZoomInCursor(w.graph()));
+		break;
+	case Tool::ZoomOut:
+		cursor = w.use(new VGuiZoomOutCursor(w.graph()));
+		break;
+	case Tool::Pan:
+		cursor = w.use(new VGuiPanCursor(w.graph()));
+		break;
+	}
+	w.graph()->autoScale(true, false);
+	const VGuiGraphPoint from = w.at(c.from);
+	const VGuiGraphPoint to = w.at(c.to);
+	const double before = span(w.graph());
+	const double minimumBefore = w.graph()->minimum().x;
+
+	w.press(c.from);
+	EXPECT_TRUE(w.lastDown) << "the graph's answer is VSTGUI's";
+	for (int step = 1; step <= 4; ++step)
+		w.drag(c.from + (c.to - c.from) * (step / 4.0));
+	if (c.tool != Tool::Pan && c.from != c.to)
+	{
+		EXPECT_TRUE(w.cursorNear({(c.from.x + c.to.x) / 2, c.from.y})) << "the rubber band";
+	}
+	if (c.escape)
+		w.tap(VirtualKey::Escape);
+	w.release(c.to);
+
+	EXPECT_FALSE(cursor->isDragging());
+	EXPECT_FALSE(w.listener.texts.empty());
+	EXPECT_EQ(w.listener.ids.back(), -1);
+	if (c.tool != Tool::Pan && c.from != c.to)
+	{
+		EXPECT_FALSE(w.cursorNear({(c.from.x + c.to.x) / 2, c.from.y})) << "the band is gone";
+	}
+	const bool cancelled = c.escape && c.tool != Tool::ZoomIn;
+	EXPECT_EQ(w.graph()->autoScale(), cancelled);
+	if (cancelled)
+	{
+		EXPECT_EQ(span(w.graph()), before);
+		EXPECT_EQ(w.graph()->minimum().x, minimumBefore);
+	}
+	else if (c.tool == Tool::Pan)
+	{
+		// The value under the press is under the release now, to a pixel.
+		EXPECT_NEAR(w.at(c.to).x, from.x, before / w.graph()->plotArea().width());
+		EXPECT_NEAR(span(w.graph()), before, 1e-9 * before);
+	}
+	else if (c.spanRatio == 0.0)
+	{
+		EXPECT_NEAR(w.graph()->minimum().x, std::min(from.x, to.x), 1e-9 * before);
+		EXPECT_NEAR(w.graph()->maximum().x, std::max(from.x, to.x), 1e-9 * before);
+	}
+	else
+		// The zoomed plot area is a whole number of pixels.
+		EXPECT_NEAR(span(w.graph()) / before, c.spanRatio, 1.0 / w.graph()->plotArea().width());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , GraphWindowDrags,
+    ::testing::Values(DragCase{"ZoomInDrag", Tool::ZoomIn, {120, 80}, {260, 200}, false, 0.0},
+                      DragCase{
+                          "ZoomInEscapeStillZooms", Tool::ZoomIn, {120, 80}, {260, 200}, true, 0.0},
+                      DragCase{"ZoomInClick", Tool::ZoomIn, {200, 150}, {200, 150}, false, 0.707},
+                      DragCase{"ZoomOutClick", Tool::ZoomOut, {200, 150}, {200, 150}, false, 1.414},
+                      DragCase{"ZoomOutEscape", Tool::ZoomOut, {120, 80}, {260, 200}, true, 1.0},
+                      DragCase{"PanDrag", Tool::Pan, {150, 100}, {230, 160}, false, 1.0},
+                      DragCase{"PanEscape", Tool::Pan, {150, 100}, {230, 160}, true, 1.0}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(GraphWindow, ADoubleClickNeitherStartsNorEndsADrag)
+{
+	GraphWindow w;
+	auto* cursor = w.use(new VGuiZoomInCursor(w.graph()));
+	const double before = span(w.graph());
+	w.press({200, 150}, 2);
+	w.release({200, 150}, 2);
+	EXPECT_FALSE(cursor->isDragging());
+	EXPECT_EQ(span(w.graph()), before);
+	// The next plain click zooms as ever.
+	w.press({200, 150});
+	w.release({200, 150});
+	EXPECT_NEAR(span(w.graph()) / before, 0.707, 1.0 / w.graph()->plotArea().width());
+}
+
+// y = scale x^2 / 100 at x = 0, 10, ..., 100, its data identified by id.
+VGuiReference<VGuiGraphPlot> parabola(int id, double scale = 0.8)
+{
+	auto data = VGuiReference<VGuiGraphData>::adopt(new VGuiGraphData(11, id));
+	for (int i = 0; i < 11; ++i)
+		(*data)[i] = VGuiGraphPoint(10.0 * i, scale * i * i, 0.0);
+	return VGuiReference<VGuiGraphPlot>::adopt(new VGuiLinePlot(id, data.get()));
+}
+
+struct DataCase
+{
+	bool interpolate;
+	double x; // where the drag ends, in graph units
+	double expectedX;
+	double expectedY;
+	double tolerance;
+};
+
+class GraphWindowDataCursor : public ::testing::TestWithParam<DataCase>
+{};
+
+TEST_P(GraphWindowDataCursor, SnapsToTheDataOrInterpolatesOnTheLine)
+{
+	const DataCase c = GetParam();
+	GraphWindow w;
+	w.graph()->autoScale(false, false);
+	w.graph()->addPlot(parabola(7).get(), false);
+	auto* cursor = w.use(new VGuiDataCursor(w.graph(), c.interpolate, true));
+	w.press(w.where(90.0, 50.0));
+	w.drag(w.where(c.x, 50.0));
+	// Cross-hairs through the read point while dragging.
+	const CPoint read = w.where(c.expectedX, c.expectedY);
+	EXPECT_TRUE(w.cursorNear({w.graph()->plotArea().left + 3, read.y}));
+	w.release(w.where(c.x, 50.0));
+	ASSERT_FALSE(w.listener.points.empty());
+	EXPECT_EQ(w.listener.ids.back(), 7);
+	EXPECT_NEAR(w.listener.points.back().x, c.expectedX, c.tolerance);
+	EXPECT_NEAR(w.listener.points.back().y, c.expectedY, c.tolerance);
+	EXPECT_EQ(cursor->data()->identifier(), 7);
+}
+
+INSTANTIATE_TEST_SUITE_P(, GraphWindowDataCursor,
+                         ::testing::Values(DataCase{false, 33.0, 30.0, 7.2, 1e-9},
+                                           DataCase{false, 36.0, 40.0, 12.8, 1e-9},
+                                           DataCase{false, 140.0, 100.0, 80.0, 1e-9},
+                                           DataCase{true, 33.0, 33.0, 8.88, 0.6},
+                                           DataCase{true, 75.0, 75.0, 45.2, 0.6}));
+
+TEST(GraphWindow, TabMovesTheDataCursorToThePreviousPlotAndShiftTabToTheNext)
+{
+	GraphWindow w;
+	w.graph()->autoScale(false, false);
+	for (int id : {1, 2, 3})
+		w.graph()->addPlot(parabola(id, 0.25 * id).get(), false);
+	auto* cursor = w.use(new VGuiDataCursor(w.graph(), false, true));
+	const int first = cursor->data()->identifier();
+	std::vector<int> visited;
+	for (bool shift : {false, false, true, true, true})
+	{
+		w.tap(VirtualKey::Tab, 0, shift);
+		visited.push_back(cursor->data()->identifier());
+	}
+	const auto previous = [](int id) { return id == 1 ? 3 : id - 1; };
+	const auto next = [](int id) { return id == 3 ? 1 : id + 1; };
+	const std::vector<int> expected{previous(first), previous(previous(first)), previous(first),
+	                                first, next(first)};
+	EXPECT_EQ(visited, expected);
+}
+
+} // namespace
+} // namespace velora_test
