@@ -1,9 +1,14 @@
 #include "vgui/vguigraphcontrol.h"
 
+#include "vgui/vguigenericfiltersection.h"
 #include "vgui/vguiglobalgraphproperties.h"
 #include "vgui/vguigraphcontroltypeinfo.h"
+#include "vgui/vguigraphdata.h"
+#include "vgui/vguigraphplotproperties.h"
 
 #include "vstgui/lib/events.h"
+
+#include <algorithm>
 
 using namespace VSTGUI;
 
@@ -185,4 +190,54 @@ void VGuiGraphControl::onKeyboardEvent(KeyboardEvent& event)
 	                                                      : shown->onKeyUpEvent(key, this);
 	if (handled)
 		event.consumed = true;
+}
+
+namespace {
+
+// The plot that shows the data being adjusted.
+constexpr int adjustPlotKind = 7;
+
+} // namespace
+
+void VGuiGraphControl::beginAdjust(VGuiGraphData* data)
+{
+	if (!data || !shown)
+		return;
+	adjustedData =
+	    VGuiReference<VGuiGraphData>::adopt(new VGuiGraphData(data->count(), data->identifier()));
+	std::copy(data->data(), data->data() + data->count(), adjustedData->data());
+	adjustedPlot =
+	    VGuiReference<VGuiLinePlot>::adopt(new VGuiLinePlot(adjustPlotKind, adjustedData.get()));
+	if (auto* global = VGuiGlobalGraphProperties::instance())
+		adjustedPlot->properties(
+		    global->plotProperties[VGuiGlobalGraphProperties::FilterAdjustPowerSpectrum].get());
+	adjustedPlot->setFocusable(false);
+	shown->beginUpdate();
+	shown->addPlot(adjustedPlot.get(), false);
+	shown->endUpdate();
+}
+
+void VGuiGraphControl::trackAdjust(VGuiGraphData* data, VGuiGenericFilterSection* section)
+{
+	if (!adjustedPlot || !data || !section || data->count() != adjustedData->count())
+		return;
+	for (int i = 0; i < data->count(); ++i)
+	{
+		const VGuiGraphPoint& p = (*data)[i];
+		(*adjustedData)[i].y = p.y * section->magnitude(p.x, false);
+	}
+	adjustedPlot->refresh(false);
+}
+
+void VGuiGraphControl::endAdjust(VGuiGenericFilterSection* section, bool cancelled)
+{
+	if (!adjustedPlot)
+		return;
+	shown->beginUpdate();
+	shown->removePlot(adjustedPlot.get(), false);
+	shown->endUpdate();
+	VGuiPlotEditMsg message{this, section, cancelled};
+	plotEditCallbacks.notify(&message);
+	adjustedPlot.reset();
+	adjustedData.reset();
 }

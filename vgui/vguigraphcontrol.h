@@ -2,9 +2,14 @@
 // description, hands the view's mouse, wheel and key events to it, paints
 // it, keeps the graph's extent equal to the view's size, and repaints what
 // the graph reports invalid (the graph is given the control as its host).
+// While a filter-adjustment cursor drags, the control shows the focused data
+// with the section's response applied, and tells its plot-edit listeners
+// the section when the drag ends.
 #pragma once
 
 #include "vgui/vgui2dgraph.h"
+#include "vgui/vguilineplot.h"
+#include "vgui/vguiploteditmsg.h"
 #include "vgui/vguireference.h"
 
 #include "vstgui/lib/controls/ccontrol.h"
@@ -51,6 +56,16 @@ public:
 	bool attached(VSTGUI::CView* parent) override;
 	bool removed(VSTGUI::CView* parent) override;
 
+	// Shows a copy of data (nothing without data or graph).
+	void beginAdjust(VGuiGraphData* data);
+	// The copy becomes data with the section's response applied.
+	void trackAdjust(VGuiGraphData* data, VGuiGenericFilterSection* section);
+	// Takes the copy away and tells the listeners; nothing without a
+	// beginAdjust.
+	void endAdjust(VGuiGenericFilterSection* section, bool cancelled);
+
+	VGuiPlotEditMsgCallbackInstance plotEditCallbacks;
+
 	CLASS_METHODS(VGuiGraphControl, CControl)
 
 private:
@@ -58,5 +73,7 @@ private:
 	static VSTGUI::CMouseEventResult result(bool handledByGraph);
 
 	VGuiReference<VGui2dGraph> shown;
+	VGuiReference<VGuiGraphData> adjustedData;
+	VGuiReference<VGuiLinePlot> adjustedPlot;
 	bool fitsParent = false;
 };

@@ -1,9 +1,12 @@
 #include "vgui/vguigraphcursor.h"
 
+#include "vgui/vguidpiscale.h"
 #include "vgui/vguigfxpolyline.h"
 #include "vgui/vguigfxrectangle.h"
 #include "vgui/vguigraph.h"
 #include "vgui/vguigraphcursorcolour.h"
+
+#include <cmath>
 
 VGuiColour VGuiGraphCursorColour::Colour{192, 192, 192, 255};
 
@@ -157,7 +160,21 @@ void VGuiGraphCursor::realizeDragLine()
 		const VGuiPoint points[2] = {start, end};
 		group.append(new VGuiGfxPolyline(points, 2, VGuiGraphCursorColour::Colour, noFill,
 		                                 VSTGUI::CLineStyle(VSTGUI::kLineSolid), 1.0));
+		realizeCross(start);
 	}
 	group.findExtent();
 	takeGroupExtent();
+}
+
+double VGuiGraphCursor::tickSize()
+{
+	return std::trunc(VGuiDpiScale().pointsToPixels(6.0));
+}
+
+void VGuiGraphCursor::realizeCross(const VGuiPoint& p)
+{
+	const double s = tickSize();
+	const VGuiPoint cross[5] = {{p.x - s, p.y}, {p.x + s, p.y}, p, {p.x, p.y - s}, {p.x, p.y + s}};
+	group.append(new VGuiGfxPolyline(cross, 5, VGuiGraphCursorColour::Colour, noFill,
+	                                 VSTGUI::CLineStyle(VSTGUI::kLineSolid), 1.0));
 }

@@ -57,6 +57,10 @@ protected:
 	void realizeRubberBand();
 	// A line from the drag's start to its end, for panning.
 	void realizeDragLine();
+	// Appends a cross centred on p (tickSize() each way) to the group.
+	void realizeCross(const VGuiPoint& p);
+	// 6 points in whole pixels.
+	static double tickSize();
 
 	VGuiPoint start;
 	VGuiPoint end;

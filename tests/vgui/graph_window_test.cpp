@@ -6,13 +6,18 @@
 #include "support/host_frame.h"
 #include "support/virtual_display.h"
 
+#include "vgui/vguiconstraineddatacursor.h"
 #include "vgui/vguidatacursor.h"
 #include "vgui/vguidatacursormsg.h"
+#include "vgui/vguidatagaincursor.h"
+#include "vgui/vguidatashelvingcursor.h"
 #include "vgui/vguigraphcontrol.h"
 #include "vgui/vguigraphcontroltypeinfo.h"
 #include "vgui/vguigraphcursorcolour.h"
 #include "vgui/vguilineplot.h"
 #include "vgui/vguipancursor.h"
+#include "vgui/vguiparametricfiltersection.h"
+#include "vgui/vguishelvingfiltersection.h"
 #include "vgui/vguizoomincursor.h"
 #include "vgui/vguizoomoutcursor.h"
 #include "x11_runloop.h"
@@ -101,19 +106,20 @@ private:
 WindowFrame* WindowFrame::shared = nullptr;
 const auto* windowFrame = ::testing::AddGlobalTestEnvironment(new WindowFrame);
 
-// A graph control filling the window's frame: x and y from 0 to 100 on
-// linear axes unless told otherwise.
+// A graph control filling the window's frame: x from 0 to 100 on a linear
+// axis, y by default alike.
 class GraphWindow
 {
 public:
-	explicit GraphWindow(VGuiGraphAxisType yType = VGuiGraphLinearAxis)
+	explicit GraphWindow(VGuiGraphAxisType yType = VGuiGraphLinearAxis, double yMinimum = 0.0,
+	                     double yMaximum = 100.0)
 	: host(WindowFrame::shared->host),
 	  frame(WindowFrame::shared->frame),
 	  opened(WindowFrame::shared->opened)
 	{
 		control = new VGuiGraphControl(CRect(0, 0, width, height), nullptr, 0, nullptr);
 		control->create(VGuiGraphControlTypeInfo(VGuiGraphLinearAxis, yType, "x", "y"), 100.0, 0.0,
-		                100.0, yType == VGuiGraphLinearAxis ? 0.0 : 0.01, 1.0, 0.0);
+		                yMaximum, yMinimum, 1.0, 0.0);
 		frame->addView(control);
 		frame->setFocusView(control);
 		host.run(2);
@@ -419,6 +425,30 @@ INSTANTIATE_TEST_SUITE_P(, GraphWindowDataCursor,
                                            DataCase{true, 33.0, 33.0, 8.88, 0.6},
                                            DataCase{true, 75.0, 75.0, 45.2, 0.6}));
 
+TEST(GraphWindow, AConstrainedDataCursorHoldsOneCoordinateAtTheStart)
+{
+	struct Case
+	{
+		VGuiConstrainedDataCursorMode mode;
+		VGuiGraphPoint read;
+	};
+	for (const Case c : {Case{VGuiConstrainNone, {30.0, 7.2, 0.0}},
+	                     {VGuiConstrainFollowX, {30.0, 64.8, 0.0}},
+	                     {VGuiConstrainFollowY, {90.0, 7.2, 0.0}}})
+	{
+		GraphWindow w;
+		w.graph()->autoScale(false, false);
+		w.graph()->addPlot(parabola(7).get(), false);
+		w.use(new VGuiConstrainedDataCursor(w.graph(), false, true, c.mode));
+		w.press(w.where(90.0, 50.0));
+		w.drag(w.where(33.0, 50.0));
+		ASSERT_FALSE(w.listener.points.empty());
+		EXPECT_NEAR(w.listener.points.back().x, c.read.x, 1e-9) << c.mode;
+		EXPECT_NEAR(w.listener.points.back().y, c.read.y, 1e-9) << c.mode;
+		w.release(w.where(33.0, 50.0));
+	}
+}
+
 TEST(GraphWindow, TabMovesTheDataCursorToThePreviousPlotAndShiftTabToTheNext)
 {
 	GraphWindow w;
@@ -439,6 +469,141 @@ TEST(GraphWindow, TabMovesTheDataCursorToThePreviousPlotAndShiftTabToTheNext)
 	                                first, next(first)};
 	EXPECT_EQ(visited, expected);
 }
+
+// Keeps the sections that the control's plot-edit listeners are told of.
+struct EditListener
+{
+	static bool heard(void* self, void* message)
+	{
+		auto* edit = static_cast<VGuiPlotEditMsg*>(message);
+		auto* listener = static_cast<EditListener*>(self);
+		listener->cancelled.push_back(edit->cancelled);
+		if (auto* p = dynamic_cast<VGuiParametricFilterSection*>(edit->section))
+			listener->peaks.push_back({p->q, p->centre, p->gain});
+		if (auto* s = dynamic_cast<VGuiShelvingFilterSection*>(edit->section))
+			listener->shelves.push_back({s->corner, s->slope, s->highShelf});
+		return false;
+	}
+	OsiCallbackInstance member{&EditListener::heard, this};
+	std::vector<bool> cancelled;
+	struct Peak
+	{
+		double q, centre, gain;
+	};
+	struct Shelf
+	{
+		double corner, slope;
+		bool highShelf;
+	};
+	std::vector<Peak> peaks;
+	std::vector<Shelf> shelves;
+};
+
+constexpr int adjustPlot = 7;
+// A character key (Xlib's None macro hides VirtualKey::None).
+constexpr VirtualKey noVirtualKey{};
+
+struct GainCase
+{
+	const char* name;
+	char32_t held; // 0: none
+	double toX;
+	bool escape;
+	double q;
+};
+
+class GraphWindowGain : public ::testing::TestWithParam<GainCase>
+{};
+
+TEST_P(GraphWindowGain, DragsAPeakingSectionShownWhileDraggingAndHandedOnAtTheEnd)
+{
+	const GainCase c = GetParam();
+	GraphWindow w;
+	w.graph()->autoScale(false, false);
+	w.graph()->addPlot(parabola(3).get(), false);
+	EditListener edits;
+	w.control->plotEditCallbacks.link(&edits.member);
+	w.use(new VGuiDataGainCursor(w.graph(), w.control));
+	const CPoint from = w.where(50.0, 20.0);
+	const CPoint to = w.where(c.toX, 40.0);
+	if (c.held)
+		w.key(noVirtualKey, c.held, false, EventType::KeyDown);
+	w.press(from);
+	w.drag(to);
+	// The adjusted copy shows the section's gain at the centre (x 50, y 20).
+	auto* adjusted = dynamic_cast<VGuiLinePlot*>(w.graph()->plotWithId(adjustPlot));
+	ASSERT_NE(adjusted, nullptr);
+	EXPECT_NEAR((*adjusted->graphData())[5].y, 40.0, 1e-9);
+	if (c.escape)
+		w.tap(VirtualKey::Escape);
+	w.release(to);
+	EXPECT_EQ(w.graph()->plotWithId(adjustPlot), nullptr);
+	ASSERT_EQ(edits.peaks.size(), 1u);
+	EXPECT_EQ(edits.cancelled.back(), c.escape);
+	const auto& peak = edits.peaks.back();
+	EXPECT_NEAR(peak.centre, 50.0, 1e-9);
+	EXPECT_NEAR(peak.gain, 2.0, 1e-9);
+	EXPECT_NEAR(peak.q, c.q, 1e-9);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , GraphWindowGain,
+    ::testing::Values(GainCase{"Drag", 0, 70.0, false, 50.0 / (70.0 - 2500.0 / 70.0)},
+                      GainCase{"EqualX", 0, 50.0, false, 15.0},
+                      GainCase{"NarrowBandLimited", 0, 50.5, false, 15.0},
+                      GainCase{"MHeld", 'M', 70.0, false, 15.0},
+                      GainCase{"ZeroHeld", '0', 70.0, false, 0.0},
+                      GainCase{"Escape", 0, 70.0, true, 50.0 / (70.0 - 2500.0 / 70.0)}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(GraphWindow, TheSixKeyKeepsTheLastQ)
+{
+	GraphWindow w;
+	w.graph()->autoScale(false, false);
+	w.graph()->addPlot(parabola(3).get(), false);
+	EditListener edits;
+	w.control->plotEditCallbacks.link(&edits.member);
+	w.use(new VGuiDataGainCursor(w.graph(), w.control));
+	w.dragFromTo(w.where(50.0, 20.0), w.where(70.0, 40.0));
+	w.key(noVirtualKey, '6', false, EventType::KeyDown);
+	w.dragFromTo(w.where(50.0, 20.0), w.where(90.0, 40.0));
+	ASSERT_EQ(edits.peaks.size(), 2u);
+	EXPECT_EQ(edits.peaks[1].q, edits.peaks[0].q);
+}
+
+struct ShelfCase
+{
+	bool high;
+	double fromY;
+	double toY;
+	double slope;
+};
+
+class GraphWindowShelf : public ::testing::TestWithParam<ShelfCase>
+{};
+
+TEST_P(GraphWindowShelf, DragsAShelfWhoseSlopeIsLimitedTo9)
+{
+	const ShelfCase c = GetParam();
+	GraphWindow w(VGuiGraphLogAxis, 1e-10, 1e5);
+	w.graph()->autoScale(false, false);
+	w.graph()->addPlot(parabola(3).get(), false);
+	EditListener edits;
+	w.control->plotEditCallbacks.link(&edits.member);
+	w.use(new VGuiDataShelvingCursor(w.graph(), w.control, c.high));
+	w.dragFromTo(w.where(50.0, c.fromY), w.where(60.0, c.toY));
+	ASSERT_EQ(edits.shelves.size(), 1u);
+	EXPECT_NEAR(edits.shelves[0].corner, 50.0, 1e-9);
+	EXPECT_NEAR(edits.shelves[0].slope, c.slope, 1e-6);
+	EXPECT_EQ(edits.shelves[0].highShelf, c.high);
+}
+
+INSTANTIATE_TEST_SUITE_P(, GraphWindowShelf,
+                         ::testing::Values(ShelfCase{true, 1e-2, 10.0, 3.0},
+                                           ShelfCase{false, 1e-2, 10.0, -3.0},
+                                           ShelfCase{true, 1e-8, 1e4, 9.0},
+                                           ShelfCase{false, 1e-8, 1e4, -9.0},
+                                           ShelfCase{true, 1e4, 1e-8, -9.0}));
 
 } // namespace
 } // namespace velora_test

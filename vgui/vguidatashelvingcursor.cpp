@@ -1,0 +1,67 @@
+#include "vgui/vguidatashelvingcursor.h"
+
+#include "vgui/vguiaxisratio.h"
+#include "vgui/vguigraph.h"
+#include "vgui/vguigraphcontrol.h"
+#include "vgui/vguishelvingfiltersection.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+// ln 10 / 10: decibels of power to nepers.
+constexpr double powerNepersPerDecibel = 0.23025850929940456;
+
+} // namespace
+
+VGuiDataShelvingCursor::VGuiDataShelvingCursor(VGuiGraph* graph, VGuiGraphControl* control,
+                                               bool highShelf)
+: VGuiConstrainedDataCursor(graph, false, false, VGuiConstrainNone),
+  control(control),
+  highShelf(highShelf)
+{}
+
+void VGuiDataShelvingCursor::filterParameters(const VGuiPoint& a, const VGuiPoint& b,
+                                              double& corner, double& slope)
+{
+	VGuiGraphPoint from;
+	VGuiGraphPoint to;
+	owner->inverseMap(from, a);
+	owner->inverseMap(to, b);
+	corner = from.x;
+	const double ratio = VGuiAxisRatio(owner->yAxis(), from.y, to.y, powerNepersPerDecibel);
+	// Per decade up for a high shelf, per decade down for a low one.
+	const double decade = std::log(highShelf ? 10.0 : 0.1);
+	slope = std::clamp(std::log(ratio) / decade, -MaximumSlope, MaximumSlope);
+}
+
+void VGuiDataShelvingCursor::beginAction(const VGuiPoint&)
+{
+	if (control)
+		control->beginAdjust(data());
+}
+
+void VGuiDataShelvingCursor::moveAction(const VGuiPoint& p)
+{
+	if (!control || !dragging || !owner)
+		return;
+	double corner = 0.0;
+	double slope = 0.0;
+	filterParameters(start, p, corner, slope);
+	const auto section = VGuiReference<VGuiShelvingFilterSection>::adopt(
+	    new VGuiShelvingFilterSection(corner, slope, highShelf));
+	control->trackAdjust(data(), section.get());
+}
+
+void VGuiDataShelvingCursor::endAction(const VGuiPoint& a, const VGuiPoint& b, bool cancelled)
+{
+	if (!control || !owner)
+		return;
+	double corner = 0.0;
+	double slope = 0.0;
+	filterParameters(a, b, corner, slope);
+	const auto section = VGuiReference<VGuiShelvingFilterSection>::adopt(
+	    new VGuiShelvingFilterSection(corner, slope, highShelf));
+	control->endAdjust(section.get(), cancelled);
+}

@@ -1,0 +1,30 @@
+// Draws a shelving section on a spectrum: the drag's start is the corner
+// frequency, the pointer's height over the start's sets the slope (limited
+// to 9 either way). A line from the corner to the pointer shows the drag.
+// The graph control shows the adjusted data while dragging and receives the
+// section at the end.
+#pragma once
+
+#include "vgui/vguiconstraineddatacursor.h"
+
+class VGuiGraphControl;
+
+class VGuiDataShelvingCursor : public VGuiConstrainedDataCursor
+{
+public:
+	static constexpr double MaximumSlope = 9.0;
+
+	VGuiDataShelvingCursor(VGuiGraph* graph, VGuiGraphControl* control, bool highShelf);
+
+	void realize(VSTGUI::CDrawContext*) override { realizeDragLine(); }
+	void beginAction(const VGuiPoint& p) override;
+	void moveAction(const VGuiPoint& p) override;
+	void endAction(const VGuiPoint& a, const VGuiPoint& b, bool cancelled) override;
+
+	// The section drawn from a to b.
+	void filterParameters(const VGuiPoint& a, const VGuiPoint& b, double& corner, double& slope);
+
+private:
+	VGuiGraphControl* control;
+	bool highShelf;
+};
