@@ -6,7 +6,8 @@
 // pointer (beginAction), moves follow it (moveAction) and the release ends
 // it (endAction with the start, the end and whether Escape cancelled it). A
 // double click neither starts nor ends one. The cursor is visible while
-// dragging. Read-outs go to the listeners of dataMessages.
+// dragging. Read-outs go to the listeners of dataMessages, measurements
+// between two points (area, difference) to those of measurementMessages.
 #pragma once
 
 #include "vgui/vguigraphcursorcallback.h"
@@ -47,6 +48,7 @@ public:
 	void notifyDataCursorMsg(const VGuiGraphPoint& p, int dataId) const;
 
 	VGuiGraphCursorCallback dataMessages;
+	VGuiGraphCursorCallback measurementMessages;
 
 protected:
 	// The left button and no other.

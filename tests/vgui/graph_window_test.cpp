@@ -6,14 +6,18 @@
 #include "support/host_frame.h"
 #include "support/virtual_display.h"
 
+#include "vgui/guiintegralcursormultiplier.h"
 #include "vgui/vguiconstraineddatacursor.h"
 #include "vgui/vguidatacursor.h"
 #include "vgui/vguidatacursormsg.h"
 #include "vgui/vguidatagaincursor.h"
 #include "vgui/vguidatashelvingcursor.h"
+#include "vgui/vguidifferentialdatacursor.h"
 #include "vgui/vguigraphcontrol.h"
 #include "vgui/vguigraphcontroltypeinfo.h"
 #include "vgui/vguigraphcursorcolour.h"
+#include "vgui/vguiintegralcursormsg.h"
+#include "vgui/vguiintegraldatacursor.h"
 #include "vgui/vguilineplot.h"
 #include "vgui/vguipancursor.h"
 #include "vgui/vguiparametricfiltersection.h"
@@ -30,6 +34,7 @@
 
 #include <X11/Xlib.h>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <memory>
@@ -604,6 +609,102 @@ INSTANTIATE_TEST_SUITE_P(, GraphWindowShelf,
                                            ShelfCase{true, 1e-8, 1e4, 9.0},
                                            ShelfCase{false, 1e-8, 1e4, -9.0},
                                            ShelfCase{true, 1e4, 1e-8, -9.0}));
+
+// Keeps the measurements that a cursor reports.
+struct MeasurementListener
+{
+	static bool heard(void* self, void* message)
+	{
+		auto* msg = static_cast<VGuiGraphCursorMsg*>(message);
+		auto* listener = static_cast<MeasurementListener*>(self);
+		listener->texts.push_back(msg->text());
+		if (auto* area = dynamic_cast<VGuiIntegralCursorMsg*>(msg))
+			listener->areas.push_back(area->sum);
+		return false;
+	}
+	OsiCallbackInstance member{&MeasurementListener::heard, this};
+	std::vector<std::string> texts;
+	std::vector<double> areas;
+};
+
+struct IntegralCase
+{
+	const char* name;
+	std::vector<double> path; // x of the press, then of each drag step
+	double multiplier;        // 0: none
+	double area;
+};
+
+class GraphWindowIntegral : public ::testing::TestWithParam<IntegralCase>
+{};
+
+// The data are 0.8 (x / 10)^2 at x = 0, 10, ..., 100.
+TEST_P(GraphWindowIntegral, SumsTheDataBetweenTheStartAndThePointer)
+{
+	const IntegralCase c = GetParam();
+	GraphWindow w;
+	w.graph()->autoScale(false, false);
+	w.graph()->addPlot(parabola(4).get(), false);
+	GuiIntegralCursorMultiplier multiplier(c.multiplier, false);
+	if (c.multiplier > 0.0)
+		w.graph()->integralCursorMultiplier(&multiplier);
+	auto* cursor = w.use(new VGuiIntegralDataCursor(w.graph(), false, true));
+	MeasurementListener measured;
+	cursor->measurementMessages.link(&measured.member);
+	w.press(w.where(c.path.front(), 50.0));
+	for (size_t i = 1; i < c.path.size(); ++i)
+		w.drag(w.where(c.path[i], 50.0));
+	w.release(w.where(c.path.back(), 50.0));
+	ASSERT_FALSE(measured.areas.empty());
+	EXPECT_NEAR(measured.areas.back(), c.area, 1e-9);
+	w.graph()->integralCursorMultiplier(nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , GraphWindowIntegral,
+    ::testing::Values(
+        // (7.2 + 12.8 + 20 + 28.8) times 30 / 4 points.
+        IntegralCase{"Spacing", {30.0, 45.0, 60.0}, 0.0, 68.8 * 7.5},
+        IntegralCase{"Backwards", {60.0, 45.0, 30.0}, 0.0, 68.8 * 7.5},
+        IntegralCase{"Multiplier", {30.0, 45.0, 60.0}, 2.0, 68.8 * 2.0},
+        IntegralCase{"OnePointWithMultiplier", {30.0, 40.0, 30.0}, 2.0, 7.2 * 2.0},
+        IntegralCase{"OnePointWithoutIsNoWidth", {30.0, 40.0, 30.0}, 0.0, 0.0}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+struct DifferenceCase
+{
+	VGuiGraphAxisType yType;
+	double fromX;
+	double toX;
+	const char* ending;
+};
+
+class GraphWindowDifference : public ::testing::TestWithParam<DifferenceCase>
+{};
+
+TEST_P(GraphWindowDifference, ReadsTheDifferenceAsTheYAxisShowsIt)
+{
+	const DifferenceCase c = GetParam();
+	GraphWindow w(c.yType, c.yType == VGuiGraphLinearAxis ? 0.0 : 0.01, 100.0);
+	w.graph()->autoScale(false, false);
+	w.graph()->addPlot(parabola(4).get(), false);
+	auto* cursor = w.use(new VGuiDifferentialDataCursor(w.graph(), false, true));
+	MeasurementListener measured;
+	cursor->measurementMessages.link(&measured.member);
+	w.dragFromTo(w.where(c.fromX, 50.0), w.where(c.toX, 50.0));
+	ASSERT_FALSE(measured.texts.empty());
+	const std::string& text = measured.texts.back();
+	EXPECT_EQ(text.substr(text.size() - std::string(c.ending).size()), c.ending) << text;
+	EXPECT_EQ(std::count(text.begin(), text.end(), ','), 2) << text;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , GraphWindowDifference,
+    ::testing::Values(DifferenceCase{VGuiGraphLinearAxis, 30.0, 60.0, ", 21.6 "},
+                      // 20 log10(7.2 / 28.8): the start over the current.
+                      DifferenceCase{VGuiGraphLogAxis, 30.0, 60.0, ", -12 dB"},
+                      DifferenceCase{VGuiGraphPowerDecibelAxis, 30.0, 60.0, ", -6.02 dB"},
+                      DifferenceCase{VGuiGraphLogAxis, 0.0, 60.0, ", <Can't display> "}));
 
 } // namespace
 } // namespace velora_test
