@@ -16,6 +16,7 @@
 #include "vgui/vguigraphcontrol.h"
 #include "vgui/vguigraphcontroltypeinfo.h"
 #include "vgui/vguigraphcursorcolour.h"
+#include "vgui/vguiharmonicdatacursor.h"
 #include "vgui/vguiintegralcursormsg.h"
 #include "vgui/vguiintegraldatacursor.h"
 #include "vgui/vguilineplot.h"
@@ -705,6 +706,71 @@ INSTANTIATE_TEST_SUITE_P(
                       DifferenceCase{VGuiGraphLogAxis, 30.0, 60.0, ", -12 dB"},
                       DifferenceCase{VGuiGraphPowerDecibelAxis, 30.0, 60.0, ", -6.02 dB"},
                       DifferenceCase{VGuiGraphLogAxis, 0.0, 60.0, ", <Can't display> "}));
+
+// A spectrum of 143 bins 0.7 apart (up to x = 99.4), y = 1 + x.
+VGuiReference<VGuiGraphPlot> spectrum()
+{
+	auto data = VGuiReference<VGuiGraphData>::adopt(new VGuiGraphData(143, 5));
+	for (int i = 0; i < 143; ++i)
+		(*data)[i] = VGuiGraphPoint(0.7 * i, 1.0 + 0.7 * i, 0.0);
+	return VGuiReference<VGuiGraphPlot>::adopt(new VGuiLinePlot(5, data.get()));
+}
+
+// The bins nearest to 2, 3, ... times f0 (the later of two equally near),
+// for the multiples that the data reach, up to ten entries with f0.
+std::vector<double> harmonicsOf(double f0)
+{
+	std::vector<double> found{f0};
+	for (int k = 2; k <= 10 && k * f0 <= 0.7 * 142; ++k)
+	{
+		double best = 0.0;
+		for (int i = 0; i < 143; ++i)
+			if (std::fabs(0.7 * i - k * f0) <= std::fabs(best - k * f0))
+				best = 0.7 * i;
+		found.push_back(best);
+	}
+	return found;
+}
+
+// The fundamental's x, and how many entries the data hold.
+class GraphWindowHarmonics : public ::testing::TestWithParam<std::pair<double, int>>
+{};
+
+TEST_P(GraphWindowHarmonics, FindsTheMultiplesOfTheFundamentalAndReadsThemByDigitKeys)
+{
+	GraphWindow w;
+	w.graph()->autoScale(false, false);
+	w.graph()->addPlot(spectrum().get(), false);
+	auto* cursor = w.use(new VGuiHarmonicDataCursor(w.graph(), false));
+	const auto [fundamental, entries] = GetParam();
+	w.press(w.where(fundamental, 50.0));
+	w.drag(w.where(fundamental + 0.1, 50.0));
+	const std::vector<double> expected = harmonicsOf(cursor->harmonic(0).x);
+	EXPECT_NEAR(cursor->harmonic(0).x, fundamental, 0.35);
+	ASSERT_EQ(cursor->harmonicCount(), entries);
+	ASSERT_EQ(expected.size(), static_cast<size_t>(entries));
+	for (int k = 0; k < cursor->harmonicCount(); ++k)
+		EXPECT_NEAR(cursor->harmonic(k).x, expected[k], 1e-9) << "harmonic " << k + 1;
+	// "2" to "9" read harmonics 2 to 9, "0" harmonic 10; releasing returns to
+	// the fundamental. Keys of harmonics not found send nothing.
+	for (char32_t digit : {U'2', U'3', U'9', U'0'})
+	{
+		const int entry = digit == U'0' ? 9 : static_cast<int>(digit - U'1');
+		const size_t heard = w.listener.points.size();
+		w.key(noVirtualKey, digit, false, EventType::KeyDown);
+		if (entry < cursor->harmonicCount())
+			EXPECT_NEAR(w.listener.points.back().x, expected[entry], 1e-9);
+		else
+			EXPECT_EQ(w.listener.points.size(), heard);
+		w.key(noVirtualKey, digit, false, EventType::KeyUp);
+		EXPECT_NEAR(w.listener.points.back().x, expected[0], 1e-9);
+	}
+	w.release(w.where(fundamental + 0.1, 50.0));
+}
+
+INSTANTIATE_TEST_SUITE_P(, GraphWindowHarmonics,
+                         ::testing::Values(std::pair{7.0, 10}, std::pair{33.0, 3},
+                                           std::pair{90.0, 1}));
 
 } // namespace
 } // namespace velora_test

@@ -1,0 +1,96 @@
+#include "vgui/vguiharmonicdatacursor.h"
+
+#include "vgui/vguigraph.h"
+
+#include <cmath>
+
+void VGuiHarmonicDataCursor::notifyConstrainedDataCursorMsg(VGuiGraphPoint& p, VGuiGraphPoint&,
+                                                            VGuiGraphPoint&, int, int index,
+                                                            bool changed)
+{
+	const VGuiGraphData& d = *data();
+	// The interpolated point inside the data, the data point at its ends.
+	const VGuiGraphPoint fundamental = index > 0 && index < d.count() - 1 ? p : d[index];
+	harmonics[0] = VGuiGraphPoint(std::fabs(fundamental.x), fundamental.y, fundamental.z);
+	found = 1;
+	if (harmonics[0].x > 0.0)
+		findHarmonics(index);
+	for (int k = 0; k < found; ++k)
+	{
+		screen[k] = VGuiPoint();
+		owner->map(screen[k], harmonics[k], true);
+	}
+	if (!changed)
+		return;
+	notifySelected();
+	if (shown)
+		refresh();
+}
+
+void VGuiHarmonicDataCursor::findHarmonics(int i)
+{
+	const VGuiGraphData& d = *data();
+	const int n = d.count();
+	const double f0 = harmonics[0].x;
+	// Away from the fundamental, the way |x| grows.
+	const int step = std::fabs(d[n - 1].x) >= std::fabs(d[0].x) ? 1 : -1;
+	double target = 2.0 * f0;
+	for (; found < MaximumHarmonics && i >= 0 && i < n; i += step)
+	{
+		const double x = std::fabs(d[i].x);
+		// A point may serve several targets when the data are sparse.
+		while (x >= target && found < MaximumHarmonics)
+		{
+			const int before = i - step;
+			const bool beforeNearer =
+			    before >= 0 && before < n &&
+			    std::fabs(std::fabs(d[before].x) - target) < std::fabs(x - target);
+			const VGuiGraphPoint& chosenPoint = d[beforeNearer ? before : i];
+			harmonics[found++] = VGuiGraphPoint(std::fabs(chosenPoint.x), chosenPoint.y, 0.0);
+			target += f0;
+		}
+	}
+}
+
+int VGuiHarmonicDataCursor::entryOfKey(const VstKeyCode& key)
+{
+	if (key.character >= '2' && key.character <= '9')
+		return key.character - '1';
+	return key.character == '0' ? MaximumHarmonics - 1 : -1;
+}
+
+void VGuiHarmonicDataCursor::notifySelected() const
+{
+	if (chosen < found)
+		notifyDataCursorMsg(harmonics[chosen], dataId());
+}
+
+bool VGuiHarmonicDataCursor::onKeyDownEvent(VstKeyCode& key, VSTGUI::CView*)
+{
+	const int entry = entryOfKey(key);
+	if (entry >= 0)
+	{
+		chosen = entry;
+		notifySelected();
+	}
+	return true;
+}
+
+bool VGuiHarmonicDataCursor::onKeyUpEvent(VstKeyCode& key, VSTGUI::CView* view)
+{
+	if (entryOfKey(key) < 0)
+		return VGuiDataCursorBase::onKeyUpEvent(key, view);
+	chosen = 0;
+	notifySelected();
+	return true;
+}
+
+void VGuiHarmonicDataCursor::realize(VSTGUI::CDrawContext*)
+{
+	group.deleteAll();
+	if (shown && dragging && owner)
+		for (int k = 0; k < found; ++k)
+			realizeCross(screen[k]);
+	group.findExtent();
+	takeGroupExtent();
+}
