@@ -14,7 +14,4 @@ public:
 	void notifyConstrainedDataCursorMsg(VGuiGraphPoint& point, VGuiGraphPoint& start,
 	                                    VGuiGraphPoint& third, int dataId, int index,
 	                                    bool changed) override;
-
-	// The area between data indices i1 and i2 from x1 to x2.
-	double integral(int i1, int i2, double x1, double x2) const;
 };

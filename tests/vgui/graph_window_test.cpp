@@ -16,10 +16,15 @@
 #include "vgui/vguigraphcontrol.h"
 #include "vgui/vguigraphcontroltypeinfo.h"
 #include "vgui/vguigraphcursorcolour.h"
+#include "vgui/vguigraphmarker.h"
 #include "vgui/vguiharmonicdatacursor.h"
 #include "vgui/vguiintegralcursormsg.h"
 #include "vgui/vguiintegraldatacursor.h"
 #include "vgui/vguilineplot.h"
+#include "vgui/vguimarkerdatacursor.h"
+#include "vgui/vguimarkerdifferentialdatacursor.h"
+#include "vgui/vguimarkererasedatacursor.h"
+#include "vgui/vguimarkerintegraldatacursor.h"
 #include "vgui/vguipancursor.h"
 #include "vgui/vguiparametricfiltersection.h"
 #include "vgui/vguishelvingfiltersection.h"
@@ -771,6 +776,91 @@ TEST_P(GraphWindowHarmonics, FindsTheMultiplesOfTheFundamentalAndReadsThemByDigi
 INSTANTIATE_TEST_SUITE_P(, GraphWindowHarmonics,
                          ::testing::Values(std::pair{7.0, 10}, std::pair{33.0, 3},
                                            std::pair{90.0, 1}));
+
+// A point inside the marker's hit rectangle, searched over its extent.
+bool pointOn(const VGuiGraphMarker* marker, CPoint& found)
+{
+	const VGuiRect r = marker->extent();
+	for (double y = r.top; y < r.bottom; y += 1.0)
+		for (double x = r.left; x < r.right; x += 1.0)
+			if (marker->contains(VGuiPoint(x, y)))
+			{
+				found = CPoint(x, y);
+				return true;
+			}
+	return false;
+}
+
+bool inside(const VGuiRect& inner, const VGuiRect& outer)
+{
+	return inner.left >= outer.left && inner.top >= outer.top && inner.right <= outer.right &&
+	       inner.bottom <= outer.bottom;
+}
+
+struct MarkerCase
+{
+	const char* name;
+	VGuiGraphMarkerType type;
+	double fromX;
+	double toX;
+	bool escape;
+};
+
+class GraphWindowMarkers : public ::testing::TestWithParam<MarkerCase>
+{};
+
+TEST_P(GraphWindowMarkers, MarkerCursorsPinMarkersThatTheEraseCursorRemoves)
+{
+	const MarkerCase c = GetParam();
+	GraphWindow w;
+	w.graph()->autoScale(false, false);
+	w.graph()->addPlot(parabola(7).get(), false);
+	switch (c.type)
+	{
+	case VGuiIntegralDataMarkerType:
+		w.use(new VGuiMarkerIntegralDataCursor(w.graph(), false, true));
+		break;
+	case VGuiDifferentialDataMarkerType:
+		w.use(new VGuiMarkerDifferentialDataCursor(w.graph(), false, true));
+		break;
+	default:
+		w.use(new VGuiMarkerDataCursor(w.graph(), false, true));
+	}
+	w.dragFromTo(w.where(c.fromX, 50.0), w.where(c.toX, 50.0), c.escape);
+	VGuiGraphMarker* marker = w.graph()->markerWithId(0);
+	if (c.escape)
+	{
+		EXPECT_EQ(marker, nullptr);
+		return;
+	}
+	ASSERT_NE(marker, nullptr);
+	EXPECT_EQ(marker->type(), c.type);
+	EXPECT_EQ(marker->index(), static_cast<int>(c.toX / 10.0 + 0.5));
+	EXPECT_TRUE(inside(marker->extent(), w.graph()->extent())) << "the read-out stays in view";
+	// The cross on the marked point, in the cursor's colour by default.
+	const double y = 0.8 * (c.toX / 10.0) * (c.toX / 10.0);
+	EXPECT_TRUE(w.cursorNear(w.where(std::round(c.toX / 10.0) * 10.0, y)));
+
+	CPoint onBox;
+	ASSERT_TRUE(pointOn(marker, onBox));
+	w.use(new VGuiMarkerEraseDataCursor(w.graph(), false, true));
+	// Beside the box, or cancelled: the marker stays.
+	w.dragFromTo(w.where(5.0, 95.0), w.where(5.0, 95.0));
+	w.dragFromTo(onBox, onBox, true);
+	EXPECT_NE(w.graph()->markerWithId(0), nullptr);
+	w.dragFromTo(onBox, onBox);
+	EXPECT_EQ(w.graph()->markerWithId(0), nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , GraphWindowMarkers,
+    ::testing::Values(MarkerCase{"Data", VGuiDataMarkerType, 90.0, 30.0, false},
+                      MarkerCase{"DataAtTheCorner", VGuiDataMarkerType, 50.0, 100.0, false},
+                      MarkerCase{"DataCancelled", VGuiDataMarkerType, 90.0, 30.0, true},
+                      MarkerCase{"Integral", VGuiIntegralDataMarkerType, 30.0, 60.0, false},
+                      MarkerCase{"Differential", VGuiDifferentialDataMarkerType, 60.0, 20.0,
+                                 false}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 } // namespace
 } // namespace velora_test
