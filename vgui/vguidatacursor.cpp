@@ -3,7 +3,6 @@
 #include "vgui/vguigfxpolyline.h"
 #include "vgui/vguigraph.h"
 #include "vgui/vguigraphcursorcolour.h"
-#include "vgui/vguigraphmarker.h"
 
 VGuiDataCursor::VGuiDataCursor(VGuiGraph* graph, bool interpolate, bool crossHairs)
 : VGuiDataCursorBase(graph, interpolate),
@@ -40,12 +39,4 @@ void VGuiDataCursor::realizeCrossHairs(const VGuiPoint& p)
 		group.append(new VGuiGfxPolyline(line, 2, VGuiGraphCursorColour::Colour,
 		                                 VGuiColour(0, 0, 0, 0),
 		                                 VSTGUI::CLineStyle(VSTGUI::kLineSolid), 1.0));
-}
-
-void VGuiDataCursor::placeMarker(VGuiGraphMarker* marker)
-{
-	owner->beginUpdate();
-	owner->addMarker(marker);
-	owner->endUpdate();
-	marker->release();
 }

@@ -5,8 +5,6 @@
 
 #include "vgui/vguidatacursorbase.h"
 
-class VGuiGraphMarker;
-
 class VGuiDataCursor : public VGuiDataCursorBase
 {
 public:
@@ -19,8 +17,6 @@ public:
 	                                    bool changed) override;
 
 protected:
-	// Adds a new marker to the graph (taking over the creator's reference).
-	void placeMarker(VGuiGraphMarker* marker);
 	// Horizontal and vertical lines through p across the plot area.
 	void realizeCrossHairs(const VGuiPoint& p);
 

@@ -1,6 +1,7 @@
 #include "vgui/vguidatacursorbase.h"
 
 #include "vgui/vguigraph.h"
+#include "vgui/vguigraphmarker.h"
 #include "vgui/vguigraphplot.h"
 
 #include <algorithm>
@@ -232,4 +233,12 @@ void VGuiDataCursorBase::findDataPoint(const VGuiPoint& p, bool begin)
 	previousSnapped = snapped;
 	VGuiGraphPoint third = point;
 	notifyConstrainedDataCursorMsg(point, startPoint, third, dataId(), i, changed);
+}
+
+void VGuiDataCursorBase::placeMarker(VGuiGraphMarker* marker)
+{
+	owner->beginUpdate();
+	owner->addMarker(marker);
+	owner->endUpdate();
+	marker->release();
 }

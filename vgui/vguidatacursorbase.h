@@ -10,6 +10,8 @@
 #include "vgui/vguigraphpoint.h"
 #include "vgui/vguireference.h"
 
+class VGuiGraphMarker;
+
 class VGuiDataCursorBase : public VGuiGraphCursor
 {
 public:
@@ -48,6 +50,8 @@ public:
 	const VGuiGraphPoint& dataPoint() const { return point; }
 
 protected:
+	// Adds a new marker to the graph (taking over the creator's reference).
+	void placeMarker(VGuiGraphMarker* marker);
 	void follow(VGuiGraphPlot* p, VGuiGraphData* d);
 	int dataId() const { return followed ? followed->identifier() : -1; }
 	// The fraction of the way along segment i at the screen x.

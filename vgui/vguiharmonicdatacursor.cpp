@@ -1,6 +1,7 @@
 #include "vgui/vguiharmonicdatacursor.h"
 
 #include "vgui/vguigraph.h"
+#include "vgui/vguiharmonicsearch.h"
 
 #include <cmath>
 
@@ -12,9 +13,7 @@ void VGuiHarmonicDataCursor::notifyConstrainedDataCursorMsg(VGuiGraphPoint& p, V
 	// The interpolated point inside the data, the data point at its ends.
 	const VGuiGraphPoint fundamental = index > 0 && index < d.count() - 1 ? p : d[index];
 	harmonics[0] = VGuiGraphPoint(std::fabs(fundamental.x), fundamental.y, fundamental.z);
-	found = 1;
-	if (harmonics[0].x > 0.0)
-		findHarmonics(index);
+	found = VGuiHarmonicSearch(d, index, harmonics, MaximumHarmonics);
 	for (int k = 0; k < found; ++k)
 	{
 		screen[k] = VGuiPoint();
@@ -25,31 +24,6 @@ void VGuiHarmonicDataCursor::notifyConstrainedDataCursorMsg(VGuiGraphPoint& p, V
 	notifySelected();
 	if (shown)
 		refresh();
-}
-
-void VGuiHarmonicDataCursor::findHarmonics(int i)
-{
-	const VGuiGraphData& d = *data();
-	const int n = d.count();
-	const double f0 = harmonics[0].x;
-	// Away from the fundamental, the way |x| grows.
-	const int step = std::fabs(d[n - 1].x) >= std::fabs(d[0].x) ? 1 : -1;
-	double target = 2.0 * f0;
-	for (; found < MaximumHarmonics && i >= 0 && i < n; i += step)
-	{
-		const double x = std::fabs(d[i].x);
-		// A point may serve several targets when the data are sparse.
-		while (x >= target && found < MaximumHarmonics)
-		{
-			const int before = i - step;
-			const bool beforeNearer =
-			    before >= 0 && before < n &&
-			    std::fabs(std::fabs(d[before].x) - target) < std::fabs(x - target);
-			const VGuiGraphPoint& chosenPoint = d[beforeNearer ? before : i];
-			harmonics[found++] = VGuiGraphPoint(std::fabs(chosenPoint.x), chosenPoint.y, 0.0);
-			target += f0;
-		}
-	}
 }
 
 int VGuiHarmonicDataCursor::entryOfKey(const VstKeyCode& key)

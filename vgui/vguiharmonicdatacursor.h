@@ -26,8 +26,6 @@ public:
 	int selected() const { return chosen; }
 
 private:
-	// Fills the entries after the fundamental from data index i on.
-	void findHarmonics(int i);
 	// The entry a digit key selects; -1 for other keys.
 	static int entryOfKey(const VstKeyCode& key);
 	void notifySelected() const;

@@ -24,7 +24,9 @@
 #include "vgui/vguimarkerdatacursor.h"
 #include "vgui/vguimarkerdifferentialdatacursor.h"
 #include "vgui/vguimarkererasedatacursor.h"
+#include "vgui/vguimarkerharmonicdatacursor.h"
 #include "vgui/vguimarkerintegraldatacursor.h"
+#include "vgui/vguinewgraphmarkerbroker.h"
 #include "vgui/vguipancursor.h"
 #include "vgui/vguiparametricfiltersection.h"
 #include "vgui/vguishelvingfiltersection.h"
@@ -823,6 +825,9 @@ TEST_P(GraphWindowMarkers, MarkerCursorsPinMarkersThatTheEraseCursorRemoves)
 	case VGuiDifferentialDataMarkerType:
 		w.use(new VGuiMarkerDifferentialDataCursor(w.graph(), false, true));
 		break;
+	case VGuiHarmonicDataMarkerType:
+		w.use(new VGuiMarkerHarmonicDataCursor(w.graph(), false));
+		break;
 	default:
 		w.use(new VGuiMarkerDataCursor(w.graph(), false, true));
 	}
@@ -840,6 +845,11 @@ TEST_P(GraphWindowMarkers, MarkerCursorsPinMarkersThatTheEraseCursorRemoves)
 	// The cross on the marked point, in the cursor's colour by default.
 	const double y = 0.8 * (c.toX / 10.0) * (c.toX / 10.0);
 	EXPECT_TRUE(w.cursorNear(w.where(std::round(c.toX / 10.0) * 10.0, y)));
+	if (c.type == VGuiHarmonicDataMarkerType)
+	{
+		EXPECT_TRUE(w.cursorNear(w.where(3.0 * c.toX, 0.8 * 9.0 * (c.toX / 10.0) * (c.toX / 10.0))))
+		    << "the third harmonic's cross";
+	}
 
 	CPoint onBox;
 	ASSERT_TRUE(pointOn(marker, onBox));
@@ -857,10 +867,27 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(MarkerCase{"Data", VGuiDataMarkerType, 90.0, 30.0, false},
                       MarkerCase{"DataAtTheCorner", VGuiDataMarkerType, 50.0, 100.0, false},
                       MarkerCase{"DataCancelled", VGuiDataMarkerType, 90.0, 30.0, true},
+                      MarkerCase{"Harmonic", VGuiHarmonicDataMarkerType, 90.0, 20.0, false},
                       MarkerCase{"Integral", VGuiIntegralDataMarkerType, 30.0, 60.0, false},
                       MarkerCase{"Differential", VGuiDifferentialDataMarkerType, 60.0, 20.0,
                                  false}),
     [](const auto& info) { return std::string(info.param.name); });
+
+TEST(GraphWindow, TheBrokerMakesEachKindOfMarkerAndNothingElse)
+{
+	GraphWindow w;
+	EXPECT_EQ(VGuiNewGraphMarkerBroker::create(nullptr, VGuiDataMarkerType), nullptr);
+	for (int type = 0; type <= 5; ++type)
+	{
+		VGuiGraphMarker* marker =
+		    VGuiNewGraphMarkerBroker::create(w.graph(), static_cast<VGuiGraphMarkerType>(type));
+		EXPECT_EQ(marker != nullptr, type >= 1 && type <= 4) << type;
+		if (!marker)
+			continue;
+		EXPECT_EQ(marker->type(), type);
+		marker->release();
+	}
+}
 
 } // namespace
 } // namespace velora_test
