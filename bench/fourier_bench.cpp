@@ -1,7 +1,8 @@
 // OsiFourier against FFTW (estimate-mode plans, in place, double complex) at
 // 1024, 4096 and 65536 points. Each iteration is a forward transform and an
 // inverse one scaled by 1/N, so the data stay as they are and both sides do
-// the same work; the ratio of the times is printed at the end (goal: at most 3).
+// the same work; the ratio of the times is printed at the end (goal: at most
+// 1.3), with the vector instructions that OsiFourier used.
 #include "osi/numerics/osifourier.h"
 
 #include "time_reporter.h"
@@ -82,7 +83,9 @@ int main(int argc, char** argv)
 	benchmark::Initialize(&argc, argv);
 	TimeReporter reporter;
 	benchmark::RunSpecifiedBenchmarks(&reporter);
-	std::printf("\nOsiFourier time / FFTW time (forward + inverse):\n");
+	const char* instructions[] = {"SSE2", "AVX2", "AVX-512"};
+	std::printf("\nOsiFourier time / FFTW time (forward + inverse), OsiFourier with %s:\n",
+	            instructions[static_cast<int>(OsiFourier::widestInstructions())]);
 	for (int n : kSizes)
 	{
 		const double ours = reporter.nanoseconds(name("osi_fourier", n));

@@ -28,16 +28,35 @@ public:
 	OsiComplex* data() { return samples.get(); }
 	const OsiComplex* data() const { return samples.get(); }
 
+	// Vector instructions for the transform, narrowest first. Every choice
+	// gives the same results to the last bit.
+	enum class Instructions
+	{
+		sse2,
+		avx2,
+		avx512
+	};
+	// The widest that this processor offers.
+	static Instructions widestInstructions();
+
 	void null();
 	void conjugate();
 	// Forward: X_k = sum x_n e^(-2 pi i k n / N), unscaled. Inverse: the
-	// conjugate kernel, divided by N.
+	// conjugate kernel, divided by N. With the widest instructions offered.
 	void fourierTransform(bool forward);
+	// The same with the given instructions, which the processor must offer.
+	void fourierTransform(bool forward, Instructions instructions);
 
 private:
+	// Frees samples allocated on a cache-line boundary.
+	struct SampleDeleter
+	{
+		void operator()(OsiComplex* p) const;
+	};
+
 	void allocate(int order);
 
-	std::unique_ptr<OsiComplex[]> samples;
+	std::unique_ptr<OsiComplex[], SampleDeleter> samples;
 	int sampleCount = 0;
 	int sampleOrder = 0;
 };
