@@ -275,7 +275,7 @@ struct Plan
 	// Passes from 1 to this one, excluded, are long.
 	int firstShortPass;
 
-	Plan(int order)
+	explicit Plan(int order)
 	: n(1 << order),
 	  order(order),
 	  blockHalf(std::min(kBlockHalf, n / 4)),
@@ -486,38 +486,6 @@ template <int C> OSI_FOURIER_INLINE void storeQuad(OsiComplex* z, const Quad<C>&
 		store(z + j * C, q.v[j]);
 }
 
-template <int C> OSI_FOURIER_INLINE Quad<C> operator+(const Quad<C>& a, const Quad<C>& b)
-{
-	Quad<C> q;
-	for (int j = 0; j < 4 / C; ++j)
-		q.v[j] = a.v[j] + b.v[j];
-	return q;
-}
-
-template <int C> OSI_FOURIER_INLINE Quad<C> operator-(const Quad<C>& a, const Quad<C>& b)
-{
-	Quad<C> q;
-	for (int j = 0; j < 4 / C; ++j)
-		q.v[j] = a.v[j] - b.v[j];
-	return q;
-}
-
-template <int C> OSI_FOURIER_INLINE Quad<C> operator*(const Quad<C>& a, double s)
-{
-	Quad<C> q;
-	for (int j = 0; j < 4 / C; ++j)
-		q.v[j] = a.v[j] * s;
-	return q;
-}
-
-template <int C> OSI_FOURIER_INLINE Quad<C> rotate(const Quad<C>& t, const Twiddles<C>& w)
-{
-	Quad<C> q;
-	for (int j = 0; j < 4 / C; ++j)
-		q.v[j] = rotate(t.v[j], w);
-	return q;
-}
-
 // The columns of the 4 x 4 tile whose rows are r: column c holds r[0][c],
 // r[1][c], r[2][c], r[3][c].
 template <int C> OSI_FOURIER_INLINE void transpose(const Quad<C> (&r)[4], Quad<C> (&column)[4])
@@ -609,20 +577,20 @@ private:
 		                         loadQuad<C>(at + stride), loadQuad<C>(at + 3 * stride)};
 		Quad<C> x[4];
 		transpose(rows, x);
-		const Quad<C> s0 = x[0] + x[2];
-		const Quad<C> d0 = rotate(x[0] - x[2], w2First);
-		const Quad<C> s1 = x[1] + x[3];
-		const Quad<C> d1 = rotate(x[1] - x[3], w2Second);
-		result[0] = s0 + s1;
-		result[1] = d0 + d1;
-		result[2] = rotate(s0 - s1, w1);
-		result[3] = rotate(d0 - d1, w1);
-		if (scale)
+		for (int j = 0; j < 4 / C; ++j)
 		{
-			for (Quad<C>& q : result)
-				q = q * factor;
+			const Vector<C> s0 = x[0].v[j] + x[2].v[j];
+			const Vector<C> d0 = rotate(x[0].v[j] - x[2].v[j], w2First);
+			const Vector<C> s1 = x[1].v[j] + x[3].v[j];
+			const Vector<C> d1 = rotate(x[1].v[j] - x[3].v[j], w2Second);
+			result[0].v[j] = scaled(s0 + s1);
+			result[1].v[j] = scaled(d0 + d1);
+			result[2].v[j] = scaled(rotate(s0 - s1, w1));
+			result[3].v[j] = scaled(rotate(d0 - d1, w1));
 		}
 	}
+
+	OSI_FOURIER_INLINE Vector<C> scaled(const Vector<C>& v) const { return scale ? v * factor : v; }
 
 	OSI_FOURIER_INLINE static void put(OsiComplex* at, int stride, const Quad<C> (&rows)[4])
 	{
@@ -766,11 +734,15 @@ void OsiFourier::conjugate()
 
 OsiFourier::Instructions OsiFourier::widestInstructions()
 {
-	if (__builtin_cpu_supports("avx512f"))
-		return Instructions::avx512;
-	if (__builtin_cpu_supports("avx2"))
-		return Instructions::avx2;
-	return Instructions::sse2;
+	static const Instructions widest = [] {
+		__builtin_cpu_init();
+		if (__builtin_cpu_supports("avx512f"))
+			return Instructions::avx512;
+		if (__builtin_cpu_supports("avx2"))
+			return Instructions::avx2;
+		return Instructions::sse2;
+	}();
+	return widest;
 }
 
 void OsiFourier::fourierTransform(bool forward)
