@@ -755,10 +755,11 @@ void OsiFourier::fourierTransform(bool forward, Instructions instructions)
 	if (!samples)
 		return;
 	// Blocks of fewer than 16 samples are too short for the wider vectors.
-	const bool wide = sampleOrder >= 4;
-	if (wide && instructions == Instructions::avx512)
+	const Instructions used =
+	    sampleOrder < 4 ? Instructions::sse2 : std::min(instructions, widestInstructions());
+	if (used == Instructions::avx512)
 		transformAvx512(samples.get(), sampleOrder, forward);
-	else if (wide && instructions == Instructions::avx2)
+	else if (used == Instructions::avx2)
 		transformAvx2(samples.get(), sampleOrder, forward);
 	else
 		transformSse2(samples.get(), sampleOrder, forward);

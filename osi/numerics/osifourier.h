@@ -44,7 +44,8 @@ public:
 	// Forward: X_k = sum x_n e^(-2 pi i k n / N), unscaled. Inverse: the
 	// conjugate kernel, divided by N. With the widest instructions offered.
 	void fourierTransform(bool forward);
-	// The same with the given instructions, which the processor must offer.
+	// The same with the given instructions, or the widest offered if those
+	// are wider.
 	void fourierTransform(bool forward, Instructions instructions);
 
 private:
