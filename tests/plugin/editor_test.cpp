@@ -5,6 +5,7 @@
 #include "nxvelora_controller.h"
 #include "nxvelora_editor.h"
 #include "persist/memory_stream.h"
+#include "support/recording_handler.h"
 
 #include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/controls/cknob.h"
@@ -21,39 +22,6 @@ namespace {
 
 using namespace Steinberg;
 using namespace Steinberg::Vst;
-
-// What the host hears from the controller.
-class RecordingHandler : public IComponentHandler
-{
-public:
-	RecordingHandler(){FUNKNOWN_CTOR} tresult PLUGIN_API beginEdit(ParamID id) override
-	{
-		return note("begin", id, 0);
-	}
-	tresult PLUGIN_API performEdit(ParamID id, ParamValue v) override
-	{
-		return note("perform", id, v);
-	}
-	tresult PLUGIN_API endEdit(ParamID id) override { return note("end", id, 0); }
-	tresult PLUGIN_API restartComponent(int32) override { return kResultOk; }
-
-	struct Call
-	{
-		std::string what;
-		ParamID id;
-		ParamValue value;
-	};
-	std::vector<Call> calls;
-
-	DECLARE_FUNKNOWN_METHODS
-private:
-	tresult note(const char* what, ParamID id, ParamValue v)
-	{
-		calls.push_back({what, id, v});
-		return kResultOk;
-	}
-};
-IMPLEMENT_FUNKNOWN_METHODS(RecordingHandler, IComponentHandler, IComponentHandler::iid)
 
 class Graphics : public ::testing::Environment
 {

@@ -1,0 +1,119 @@
+#include "support/host_frame.h"
+
+#include <poll.h>
+
+#include <algorithm>
+
+namespace velora_test {
+
+namespace {
+template <typename Entries, typename Handler>
+bool isRegistered(const Entries& entries, Handler* handler)
+{
+	return std::any_of(entries.begin(), entries.end(),
+	                   [&](const auto& entry) { return entry.handler == handler; });
+}
+} // namespace
+
+HostFrame::HostFrame(){FUNKNOWN_CTOR}
+
+HostFrame::~HostFrame()
+{
+	for (auto& e : events)
+		e.handler->release();
+	for (auto& t : timers)
+		t.handler->release();
+	FUNKNOWN_DTOR
+}
+
+tresult PLUGIN_API HostFrame::queryInterface(const TUID iid, void** obj)
+{
+	QUERY_INTERFACE(iid, obj, FUnknown::iid, IPlugFrame)
+	QUERY_INTERFACE(iid, obj, IPlugFrame::iid, IPlugFrame)
+	QUERY_INTERFACE(iid, obj, Linux::IRunLoop::iid, Linux::IRunLoop)
+	*obj = nullptr;
+	return kNoInterface;
+}
+IMPLEMENT_REFCOUNT(HostFrame)
+
+tresult PLUGIN_API HostFrame::resizeView(IPlugView* view, ViewRect* newSize)
+{
+	return view->onSize(newSize);
+}
+
+tresult PLUGIN_API HostFrame::registerEventHandler(Linux::IEventHandler* handler,
+                                                   Linux::FileDescriptor fd)
+{
+	handler->addRef();
+	events.push_back({handler, fd});
+	return kResultTrue;
+}
+
+tresult PLUGIN_API HostFrame::unregisterEventHandler(Linux::IEventHandler* handler)
+{
+	const auto it = std::find_if(events.begin(), events.end(),
+	                             [&](const Event& e) { return e.handler == handler; });
+	if (it == events.end())
+		return kResultFalse;
+	handler->release();
+	events.erase(it);
+	return kResultTrue;
+}
+
+tresult PLUGIN_API HostFrame::registerTimer(Linux::ITimerHandler* handler,
+                                            Linux::TimerInterval milliseconds)
+{
+	handler->addRef();
+	timers.push_back({handler, std::max<Linux::TimerInterval>(milliseconds, 1), 0});
+	return kResultTrue;
+}
+
+tresult PLUGIN_API HostFrame::unregisterTimer(Linux::ITimerHandler* handler)
+{
+	const auto it = std::find_if(timers.begin(), timers.end(),
+	                             [&](const Timer& t) { return t.handler == handler; });
+	if (it == timers.end())
+		return kResultFalse;
+	handler->release();
+	timers.erase(it);
+	return kResultTrue;
+}
+
+void HostFrame::tick()
+{
+	std::vector<pollfd> fds;
+	for (const auto& e : events)
+		fds.push_back({e.fd, POLLIN, 0});
+	poll(fds.data(), fds.size(), static_cast<int>(kTickMs));
+	// Handlers may unregister others while they are called: only those still
+	// registered are called, each held by a reference meanwhile.
+	const auto ready = events;
+	for (size_t i = 0; i < fds.size(); ++i)
+		if ((fds[i].revents & POLLIN) && isRegistered(events, ready[i].handler))
+		{
+			IPtr<Linux::IEventHandler> handler = ready[i].handler;
+			handler->onFDIsSet(ready[i].fd);
+		}
+	std::vector<Linux::ITimerHandler*> due;
+	for (auto& t : timers)
+		if ((t.elapsed += kTickMs) >= t.interval)
+		{
+			t.elapsed = 0;
+			due.push_back(t.handler);
+		}
+	for (auto* timer : due)
+		if (isRegistered(timers, timer))
+		{
+			IPtr<Linux::ITimerHandler> handler = timer;
+			handler->onTimer();
+			++firedTimers;
+		}
+}
+
+void HostFrame::run(int ticks)
+{
+	for (int i = 0; i < ticks; ++i)
+		tick();
+}
+
+} // namespace velora_test
