@@ -10,6 +10,7 @@
 #include "vstgui/lib/controls/cknob.h"
 #include "vstgui/lib/controls/cparamdisplay.h"
 #include "vstgui/lib/controls/ctextlabel.h"
+#include "vstgui/lib/cvstguitimer.h"
 
 namespace Steinberg {
 namespace Vst {
@@ -117,6 +118,27 @@ void NxVeloraEditorView::syncView(ParameterContainer* container)
 		knobControl->setValueNormalized(static_cast<float>(parameter->getNormalized()));
 		knobControl->valueChanged();
 	}
+}
+
+CMessageResult NxVeloraEditorView::notify(CBaseObject* sender, const char* message)
+{
+	if (message == CVSTGUITimer::kMsgTimer)
+		followController();
+	return VSTGUIEditor::notify(sender, message);
+}
+
+// Showing the host's value is not an edit: nothing goes back to the host, or
+// automation being played would be recorded over itself. The knob holds a
+// float, so a value the knob itself sent compares equal and is left alone.
+void NxVeloraEditorView::followController()
+{
+	if (!knobControl)
+		return;
+	const auto value = static_cast<float>(owner->getParamNormalized(kPanParamId));
+	if (knobControl->getValueNormalized() == value)
+		return;
+	knobControl->setValueNormalized(value);
+	showValue(value);
 }
 
 void NxVeloraEditorView::initTextLabel(CTextLabel* label, const CColor& colour, CFontDesc* font)

@@ -34,6 +34,10 @@ public:
 	void update(unsigned int tag, double value);
 	// Shows the values of a restored state, reporting them to the host too.
 	void syncView(ParameterContainer* container);
+	// On each idle tick the knob and the display also follow the controller's
+	// value, whoever set it: automation, the host's own controls, undo, or
+	// another view.
+	VSTGUI::CMessageResult notify(VSTGUI::CBaseObject* sender, const char* message) override;
 
 	void initTextLabel(VSTGUI::CTextLabel* label, const VSTGUI::CColor& colour,
 	                   VSTGUI::CFontDesc* font);
@@ -54,6 +58,7 @@ public:
 	REFCOUNT_METHODS(VSTGUIEditor)
 
 private:
+	void followController();
 	void showValue(double normalized);
 
 	NxVeloraController* owner;
