@@ -72,6 +72,8 @@ bool PLUGIN_API NxVeloraEditorView::open(void* parent, const PlatformType& platf
 	frame->addView(valueDisplay);
 
 	frame->open(parent, platformType, hostRunLoopConfig(plugFrame).get());
+	if (parent)
+		letRunLoopFinishCairoDevice();
 	return true;
 }
 

@@ -2,7 +2,11 @@
 
 #if SMTG_OS_LINUX
 #include "base/source/fobject.h"
+#include "vstgui/lib/platform/linux/x11platform.h"
 #include "vstgui/lib/platform/platform_x11.h"
+
+#include <cairo/cairo-xcb.h>
+#include <xcb/xcb.h>
 
 #include <algorithm>
 #include <vector>
@@ -105,6 +109,34 @@ std::unique_ptr<VSTGUI::IPlatformFrameConfig> hostRunLoopConfig(IPlugFrame* plug
 	return config;
 }
 
+namespace {
+xcb_visualtype_t* rootVisual(const xcb_screen_t* screen)
+{
+	for (auto depth = xcb_screen_allowed_depths_iterator(screen); depth.rem; xcb_depth_next(&depth))
+		for (auto visual = xcb_depth_visuals_iterator(depth.data); visual.rem;
+		     xcb_visualtype_next(&visual))
+			if (visual.data->visual_id == screen->root_visual)
+				return visual.data;
+	return nullptr;
+}
+} // namespace
+
+void letRunLoopFinishCairoDevice()
+{
+	auto& runLoop = VSTGUI::X11::RunLoop::instance();
+	xcb_connection_t* connection = runLoop.getXcbConnection();
+	if (!connection || xcb_connection_has_error(connection))
+		return;
+	const xcb_screen_t* screen = xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
+	xcb_visualtype_t* visual = screen ? rootVisual(screen) : nullptr;
+	if (!visual)
+		return;
+	// Any surface on the connection gives its device.
+	cairo_surface_t* probe = cairo_xcb_surface_create(connection, screen->root, visual, 1, 1);
+	runLoop.setDevice(cairo_surface_get_device(probe));
+	cairo_surface_destroy(probe);
+}
+
 } // namespace Vst
 } // namespace Steinberg
 
@@ -117,6 +149,8 @@ std::unique_ptr<VSTGUI::IPlatformFrameConfig> hostRunLoopConfig(IPlugFrame*)
 {
 	return nullptr;
 }
+
+void letRunLoopFinishCairoDevice() {}
 
 } // namespace Vst
 } // namespace Steinberg

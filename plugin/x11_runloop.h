@@ -15,5 +15,13 @@ namespace Vst {
 // through the host's run loop; elsewhere none is needed (null).
 std::unique_ptr<VSTGUI::IPlatformFrameConfig> hostRunLoopConfig(IPlugFrame* plugFrame);
 
+// Called once a frame is open. VSTGUI's X11 run loop closes its X connection
+// when the last frame closes, but never finishes cairo's device for it; cairo
+// keeps that device keyed by the connection's address, and an editor opened
+// later, whose new connection lands at the same address, draws into the dead
+// one: a blank window on reopening. Handed the device, the run loop finishes
+// it before disconnecting.
+void letRunLoopFinishCairoDevice();
+
 } // namespace Vst
 } // namespace Steinberg

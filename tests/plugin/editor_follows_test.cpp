@@ -91,5 +91,17 @@ TEST_F(EditorFollows, BothOpenViewsFollowAndAClosedOneIsLeftAlone)
 	EXPECT_TRUE(handler.calls.empty());
 }
 
+// Once every editor is closed, VSTGUI closes its X connection; an editor
+// opened afterwards has a new one, and must still draw.
+TEST_F(EditorFollows, AnEditorOpenedAgainDraws)
+{
+	{
+		EditorWindow once(plug.controller, host, 0, 0);
+		EXPECT_FALSE(hostSets(-30.0, {&once}).empty());
+	}
+	EditorWindow again(plug.controller, host, 0, 0);
+	EXPECT_FALSE(hostSets(30.0, {&again}).empty());
+}
+
 } // namespace
 } // namespace velora_test
