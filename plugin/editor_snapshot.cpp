@@ -8,6 +8,7 @@
 #include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/cframe.h"
 #include "vstgui/lib/coffscreencontext.h"
+#include "vstgui/lib/cvstguitimer.h"
 #include "vstgui/lib/platform/linux/linuxfactory.h"
 #include "vstgui/lib/platform/platformfactory.h"
 
@@ -29,13 +30,24 @@ void exitEditorGraphics()
 	DeinitModule();
 }
 
-std::vector<unsigned char> renderEditorPng(double degrees)
+namespace {
+constexpr VSTGUI::CCoord kPanelGap = 8;
+
+void hostSets(NxVeloraController& controller, double degrees)
+{
+	controller.setParamNormalized(kPanParamId,
+	                              controller.plainParamToNormalized(kPanParamId, degrees));
+}
+} // namespace
+
+std::vector<unsigned char> renderEditorPng(const std::vector<double>& degrees)
 {
 	using namespace VSTGUI;
+	if (degrees.empty())
+		return {};
 	auto controller = Steinberg::owned(new NxVeloraController);
 	controller->initialize(nullptr);
-	controller->setParamNormalized(kPanParamId,
-	                               controller->plainParamToNormalized(kPanParamId, degrees));
+	hostSets(*controller, degrees.front());
 	std::vector<unsigned char> png;
 	{
 		auto view = Steinberg::owned(
@@ -43,10 +55,25 @@ std::vector<unsigned char> renderEditorPng(double degrees)
 		// No parent window: the controls are built, the frame stays offscreen.
 		view->open(nullptr, PlatformType::kDefaultNative);
 		CFrame* frame = view->getFrame();
-		if (auto context = COffscreenContext::create(frame->getViewSize().getSize()))
+		const CPoint panel = frame->getViewSize().getSize();
+		const auto count = static_cast<CCoord>(degrees.size());
+		const CPoint size(count * panel.x + (count - 1) * kPanelGap, panel.y);
+		if (auto context = COffscreenContext::create(size))
 		{
 			context->beginDraw();
-			frame->drawRect(context, frame->getViewSize());
+			context->setFillColor(kWhiteCColor);
+			context->drawRect(CRect(CPoint(0, 0), size), kDrawFilled);
+			for (size_t i = 0; i < degrees.size(); ++i)
+			{
+				if (i > 0)
+				{
+					hostSets(*controller, degrees[i]);
+					view->notify(nullptr, CVSTGUITimer::kMsgTimer);
+				}
+				CDrawContext::Transform shift(
+				    *context, CGraphicsTransform().translate(i * (panel.x + kPanelGap), 0));
+				frame->drawRect(context, frame->getViewSize());
+			}
 			context->endDraw();
 			auto buffer = getPlatformFactory().createBitmapMemoryPNGRepresentation(
 			    context->getBitmap()->getPlatformBitmap());

@@ -14,8 +14,11 @@ namespace Vst {
 void initEditorGraphics(const std::string& resourceDir);
 void exitEditorGraphics();
 
-// The editor's picture for a pan angle in degrees, as PNG; empty on failure.
-std::vector<unsigned char> renderEditorPng(double degrees);
+// The editor's picture as PNG, one panel per pan angle in degrees, side by
+// side: the editor opens at the first angle, and the host sets each next one
+// while it stays open, each panel drawn after the editor's idle tick. Empty
+// on failure.
+std::vector<unsigned char> renderEditorPng(const std::vector<double>& degrees);
 
 } // namespace Vst
 } // namespace Steinberg
