@@ -30,7 +30,9 @@ public:
 	void PLUGIN_API close() override;
 	void valueChanged(VSTGUI::CControl* control) override;
 
-	// Performs an edit of the parameter behind tag and shows it.
+	// Performs an edit of the parameter behind tag and shows it. (The SDK's
+	// dependency update keeps its own meaning beside it.)
+	using VSTGUIEditor::update;
 	void update(unsigned int tag, double value);
 	// Shows the values of a restored state, reporting them to the host too.
 	void syncView(ParameterContainer* container);
