@@ -62,8 +62,8 @@ HostSession::HostSession(const std::string& bundlePath) : bundle(bundlePath)
 		fail("holds no audio effect class (\"" kVstAudioEffectClass "\")");
 	classInfo = *effect;
 
-	host = owned(new HostApplication);
-	PluginContextFactory::instance().setPluginContext(host);
+	host = std::make_unique<HostApplication>();
+	PluginContextFactory::instance().setPluginContext(host.get());
 	PlugProvider::setErrorStream(&providerErrors);
 	provider = owned(new PlugProvider(module->getFactory(), classInfo));
 	if (!provider->initialize())

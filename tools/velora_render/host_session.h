@@ -14,6 +14,7 @@
 #include "public.sdk/source/vst/hosting/plugprovider.h"
 #include "public.sdk/source/vst/hosting/processdata.h"
 
+#include <memory>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -64,7 +65,8 @@ private:
 	std::ostringstream providerErrors;
 	VST3::Hosting::Module::Ptr module;
 	VST3::Hosting::ClassInfo classInfo;
-	Steinberg::IPtr<Steinberg::Vst::HostApplication> host;
+	// The SDK's host application counts no references: it is owned here.
+	std::unique_ptr<Steinberg::Vst::HostApplication> host;
 	Steinberg::IPtr<Steinberg::Vst::PlugProvider> provider;
 	Steinberg::IPtr<Steinberg::Vst::IComponent> component;
 	Steinberg::IPtr<Steinberg::Vst::IEditController> controller;
