@@ -8,14 +8,18 @@ find_package(GTest REQUIRED)
 include(GoogleTest)
 
 # velora_add_test(NAME SOURCES... [LIBS libs...] [SANITIZERS address|thread...]
-#                 [ENVIRONMENT VAR=value])
-# A GoogleTest program whose cases CTest runs one by one.
+#                 [DEPENDS targets...] [ENVIRONMENT VAR=value])
+# A GoogleTest program whose cases CTest runs one by one, built after the
+# DEPENDS targets that it runs (the bundle, a tool).
 function(velora_add_test name)
-  cmake_parse_arguments(ARG "" "" "LIBS;SANITIZERS;ENVIRONMENT" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "LIBS;SANITIZERS;DEPENDS;ENVIRONMENT" ${ARGN})
   if(VELORA_SANITIZE AND NOT VELORA_SANITIZE IN_LIST ARG_SANITIZERS)
     return()
   endif()
   add_executable(${name} ${ARG_UNPARSED_ARGUMENTS})
+  if(ARG_DEPENDS)
+    add_dependencies(${name} ${ARG_DEPENDS})
+  endif()
   target_link_libraries(${name} PRIVATE ${ARG_LIBS} GTest::gtest_main velora_warnings)
   target_include_directories(${name} PRIVATE "${PROJECT_SOURCE_DIR}/tests")
   # The discovery script splits list values: one variable at most here;

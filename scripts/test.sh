@@ -2,8 +2,9 @@
 # The one test command: sets up what is missing, builds, checks formatting and
 # the direction of the framework's includes, and runs the whole suite through
 # CTest: the main build, then the sanitizer builds (AddressSanitizer with UBSan
-# and the bounded fuzz runs; ThreadSanitizer), which compile only the framework
-# and the tests that run under them.
+# and the bounded fuzz runs; ThreadSanitizer), which compile the framework and,
+# of the SDK, the plug-in and the tools, only what the tests that run under
+# them need.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=${VELORA_BUILD_DIR:-$root/build}
