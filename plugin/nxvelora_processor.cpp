@@ -41,15 +41,16 @@ inline double gainAt(double angle)
 {
 	return VeloraLaw::evalSegment(VeloraLaw::segmentOf(angle), angle);
 }
+
+inline ParamValue clampNormalized(ParamValue v)
+{
+	return v < 0.0 ? 0.0 : (v > 1.0 ? 1.0 : v);
+}
 } // namespace
 
-bool ProcessorPanParameter::setNormalized(ParamValue v)
-{
-	valueNormalized = v < 0.0 ? 0.0 : (v > 1.0 ? 1.0 : v);
-	return true;
-}
-
-NxVeloraProcessor::NxVeloraProcessor() : panParameter(owned(new ProcessorPanParameter))
+NxVeloraProcessor::NxVeloraProcessor()
+: panParameter(owned(new PanParameter)),
+  panNormalized(panParameter->getNormalized())
 {
 	setControllerClass(NxVeloraControllerUID);
 }
@@ -81,18 +82,23 @@ tresult PLUGIN_API NxVeloraProcessor::setActive(TBool state)
 }
 
 // The processor takes the first pair of the record as the pan value, whatever
-// the count and the ID say. The next blocks glide to the new angle.
+// the count and the ID say. Hosts restore while audio runs: the angle goes
+// to the audio thread through the hand-over, and the blocks from the next
+// one on glide to it.
 tresult PLUGIN_API NxVeloraProcessor::setState(IBStream* state)
 {
 	const auto pairs = readStateRecord(state, [](int32) { return 1; });
-	if (pairs && !pairs->empty())
-		setPanNormalized(pairs->front().second);
+	if (!pairs || pairs->empty())
+		return kResultOk;
+	const ParamValue value = pairs->front().second;
+	panNormalized.store(clampNormalized(value), std::memory_order_relaxed);
+	restoredAngles.post(panParameter->toPlain(value));
 	return kResultOk;
 }
 
 tresult PLUGIN_API NxVeloraProcessor::getState(IBStream* state)
 {
-	writeStateRecord(state, {{kPanParamId, panParameter->getNormalized()}});
+	writeStateRecord(state, {{kPanParamId, panNormalized.load(std::memory_order_relaxed)}});
 	return kResultOk;
 }
 
@@ -133,7 +139,7 @@ tresult PLUGIN_API NxVeloraProcessor::canProcessSampleSize(int32 symbolicSampleS
 
 void NxVeloraProcessor::setPanNormalized(ParamValue value)
 {
-	panParameter->setNormalized(value);
+	panNormalized.store(clampNormalized(value), std::memory_order_relaxed);
 	previousAngle = currentAngle;
 	currentAngle = panParameter->toPlain(value);
 }
@@ -160,6 +166,7 @@ void NxVeloraProcessor::readParameterChanges(IParameterChanges* changes)
 
 tresult PLUGIN_API NxVeloraProcessor::process(ProcessData& data)
 {
+	restoredAngles.takeInto(previousAngle, currentAngle);
 	readParameterChanges(data.inputParameterChanges);
 	if (!law || data.numSamples < 1)
 		return kResultOk;

@@ -2,24 +2,16 @@
 // pan law.
 #pragma once
 
+#include "angle_handover.h"
 #include "pan_parameter.h"
 #include "public.sdk/source/vst/vstaudioeffect.h"
 #include "velora_law.h"
 
+#include <atomic>
 #include <memory>
 
 namespace Steinberg {
 namespace Vst {
-
-// The processor's private copy of the pan parameter. It only converts the
-// host's normalised values to degrees, so setting it must stay real-time
-// safe: it skips the change notification of the SDK's parameter, which goes
-// through the update handler's lock.
-class ProcessorPanParameter : public PanParameter
-{
-public:
-	bool setNormalized(ParamValue v) override;
-};
 
 class NxVeloraProcessor final : public AudioEffect
 {
@@ -47,9 +39,16 @@ private:
 	void renderGlide(const float* in, float* left, float* right, int32 count);
 
 	std::unique_ptr<VeloraLaw> law;
-	IPtr<ProcessorPanParameter> panParameter;
+	// The pan parameter converts normalised values to degrees. Its value is
+	// kept beside it, atomic: the audio thread sets it from the host's
+	// automation while the user-interface thread saves and restores it.
+	IPtr<PanParameter> panParameter;
+	std::atomic<ParamValue> panNormalized;
+	// The angles are the audio thread's; restored ones come through the
+	// hand-over at the start of a block.
 	double currentAngle = 0.0;
 	double previousAngle = 0.0;
+	AngleHandover restoredAngles;
 };
 
 } // namespace Vst
