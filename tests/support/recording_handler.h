@@ -1,4 +1,5 @@
 // A component handler that records what the host hears from the controller.
+// It lives on the test's stack: it counts no references.
 #pragma once
 
 #include "pluginterfaces/vst/ivsteditcontroller.h"
@@ -14,14 +15,6 @@ using namespace Steinberg::Vst;
 class RecordingHandler : public IComponentHandler
 {
 public:
-	RecordingHandler();
-	virtual ~RecordingHandler();
-
-	tresult PLUGIN_API beginEdit(ParamID id) override;
-	tresult PLUGIN_API performEdit(ParamID id, ParamValue v) override;
-	tresult PLUGIN_API endEdit(ParamID id) override;
-	tresult PLUGIN_API restartComponent(int32) override { return kResultOk; }
-
 	struct Call
 	{
 		std::string what;
@@ -30,9 +23,30 @@ public:
 	};
 	std::vector<Call> calls;
 
-	DECLARE_FUNKNOWN_METHODS
+	tresult PLUGIN_API beginEdit(ParamID id) override { return note("begin", id, 0); }
+	tresult PLUGIN_API performEdit(ParamID id, ParamValue v) override
+	{
+		return note("perform", id, v);
+	}
+	tresult PLUGIN_API endEdit(ParamID id) override { return note("end", id, 0); }
+	tresult PLUGIN_API restartComponent(int32) override { return kResultOk; }
+
+	tresult PLUGIN_API queryInterface(const TUID iid, void** obj) override
+	{
+		QUERY_INTERFACE(iid, obj, FUnknown::iid, IComponentHandler)
+		QUERY_INTERFACE(iid, obj, IComponentHandler::iid, IComponentHandler)
+		*obj = nullptr;
+		return kNoInterface;
+	}
+	uint32 PLUGIN_API addRef() override { return 1; }
+	uint32 PLUGIN_API release() override { return 1; }
+
 private:
-	tresult note(const char* what, ParamID id, ParamValue v);
+	tresult note(const char* what, ParamID id, ParamValue v)
+	{
+		calls.push_back({what, id, v});
+		return kResultOk;
+	}
 };
 
 } // namespace velora_test
