@@ -46,7 +46,9 @@ protected:
 		return in.open(path.c_str(), false) && spline.read(in);
 	}
 
-	std::string path = ::testing::TempDir() + "velora_spline_file_test.bin";
+	// One file per case: CTest runs the cases as parallel processes.
+	std::string path = ::testing::TempDir() + "velora_spline_file_" +
+	                   ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".bin";
 };
 
 OsiCubicSplineInterpolator splineOf(OsiCubicSplineType type, int n, double phase)
