@@ -27,6 +27,7 @@ areas=(
   "numerics:osi/numerics"
   "text:osi/text"
   "render:tools/velora_render"
+  "spectrum:tools/spectrum tools/velora_scope"
   "vgui:vgui"
 )
 
