@@ -148,3 +148,14 @@ bool osdWaitForInput(int socket, int milliseconds)
 	pollfd watched{socket, POLLIN, 0};
 	return poll(&watched, 1, milliseconds) > 0;
 }
+
+bool osdPeerHasHungUp(int socket)
+{
+#if defined(POLLRDHUP)
+	const short hangUp = POLLRDHUP | POLLHUP | POLLERR;
+#else
+	const short hangUp = POLLHUP | POLLERR;
+#endif
+	pollfd watched{socket, hangUp, 0};
+	return poll(&watched, 1, 0) > 0 && (watched.revents & hangUp) != 0;
+}

@@ -45,3 +45,6 @@ long osdSendOnSocket(int socket, const void* data, long length, OsdSocketStall& 
 long osdReceiveOnSocket(int socket, void* into, long length, OsdSocketStall& stall);
 // Waits up to the time-out for bytes (or the end of the connection) to arrive.
 bool osdWaitForInput(int socket, int milliseconds);
+// Whether the peer has ended its side of the connection or the connection has
+// failed, without waiting; bytes it sent before may still be there to read.
+bool osdPeerHasHungUp(int socket);

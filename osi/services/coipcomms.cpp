@@ -128,6 +128,12 @@ void OsiIPCommsBase::markPeerClosed()
 	peerClosed = true;
 }
 
+void OsiIPCommsBase::noticeHangUp()
+{
+	if (connected && !peerClosed && osdPeerHasHungUp(socketHandle))
+		markPeerClosed();
+}
+
 // Once a packet is refused the stream can no longer be framed: nothing more is
 // read from it.
 void OsiIPCommsBase::refusePacket()
@@ -233,6 +239,9 @@ void OsiIPCommsBase::transmit()
 	}
 	std::memmove(outgoing, outgoing + sent, static_cast<size_t>(outgoingFill - sent));
 	outgoingFill -= sent;
+	// Bytes written to a peer that has gone are accepted all the same, and
+	// only a later write fails: look at the connection instead.
+	noticeHangUp();
 }
 
 void OsiIPCommsBase::sendSignal(int id)

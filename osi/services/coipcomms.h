@@ -76,6 +76,7 @@ private:
 	void transmit();
 	void sendSignal(int id);
 	void markPeerClosed();
+	void noticeHangUp();
 	void refusePacket();
 
 	OsiPacketHeader incoming{};

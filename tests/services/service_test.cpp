@@ -16,6 +16,7 @@
 #include <memory>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -213,6 +214,45 @@ TEST(Service, ClosingEndsTheServiceProgram)
 	EXPECT_EQ(kill(pid, 0), -1) << "the service program is still there";
 	EXPECT_EQ(errno, ESRCH);
 }
+
+// The service program killed in mid-conversation: the next send or receive
+// marks the peer closed, nothing raises SIGPIPE, and close returns.
+class KilledService : public testing::TestWithParam<std::tuple<bool, bool>>
+{};
+
+TEST_P(KilledService, TheNextTransferFindsThePeerClosed)
+{
+	const auto [blocking, sendingNext] = GetParam();
+	OsiService service(echoProgram, blocking);
+	ASSERT_TRUE(service.isConnected());
+	// Two exchanges: the answer to the first receive's ping comes before the
+	// second echo, and then nothing is on its way.
+	Received got;
+	for (const char* text : {"hello", "again"})
+	{
+		service.send(1, 5, text);
+		ASSERT_TRUE(receiveOne(service, got));
+	}
+	ASSERT_EQ(kill(service.servicePid(), SIGKILL), 0);
+	// What arrives now is the end of the connection, once the system has
+	// closed the program's socket.
+	ASSERT_TRUE(service.waitForInput(30000));
+	void* data = nullptr;
+	if (sendingNext)
+		service.send(2, 4, "more");
+	else
+		EXPECT_FALSE(service.receive(got.id, got.length, data, got.remaining));
+	EXPECT_TRUE(service.isPeerClosed());
+	service.close(OsiService::closeWaitMilliseconds);
+	EXPECT_EQ(service.servicePid(), -1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Service, KilledService, testing::Combine(testing::Bool(), testing::Bool()),
+                         [](const testing::TestParamInfo<std::tuple<bool, bool>>& info) {
+	                         return std::string(std::get<0>(info.param) ? "Blocking"
+	                                                                    : "NonBlocking") +
+	                                (std::get<1>(info.param) ? "Send" : "Receive");
+                         });
 
 // --- ports ---------------------------------------------------------------------
 
