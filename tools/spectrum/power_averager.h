@@ -27,6 +27,7 @@ public:
 	std::vector<double> levelsDb(int channel) const;
 	// False when a sample that was not a finite number came in.
 	bool finite() const;
+	int fftSize() const { return size; }
 
 private:
 	void transformPair(const float* interleaved, int first, bool withSecond);

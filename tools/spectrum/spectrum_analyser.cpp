@@ -34,6 +34,55 @@ std::string channelLabel(const std::string& name, int channel, int channels)
 	return name + ", channel " + std::to_string(channel + 1);
 }
 
+// The frames [start, end) of the source that the options select.
+struct Part
+{
+	std::int64_t start = 0;
+	std::int64_t end = 0;
+};
+
+Part partOf(const SampleSource& source, const SpectrumOptions& options)
+{
+	const double rate = source.sampleRate();
+	const std::int64_t total = source.frames();
+	const auto toFrame = [&](double s) {
+		return s * rate >= static_cast<double>(total)
+		           ? total
+		           : static_cast<std::int64_t>(std::llround(s * rate));
+	};
+	const Part part{toFrame(options.fromSeconds), toFrame(options.toSeconds)};
+	if (part.start >= total)
+		throw SpectrumFailure("cannot analyse '" + source.name() + "': it is " +
+		                      seconds(static_cast<double>(total) / rate) + " long, nothing from " +
+		                      seconds(options.fromSeconds) + " on");
+	if (part.start >= part.end)
+		throw SpectrumFailure("cannot analyse '" + source.name() + "': no sample lies from " +
+		                      seconds(options.fromSeconds) + " to " + seconds(options.toSeconds));
+	return part;
+}
+
+// Reads the part half a frame at a time and adds every whole frame, starting
+// at the part's start. A part shorter than a frame is analysed as one frame
+// padded with zeros (its levels then read low by the share of the padding).
+void averageFrames(SampleSource& source, const Part& part, PowerAverager& averager)
+{
+	const int n = averager.fftSize();
+	const int hop = n / 2;
+	const auto stride = static_cast<std::size_t>(source.channels());
+	std::vector<float> frame(static_cast<std::size_t>(n) * stride, 0.0f);
+	if (source.read(frame.data(),
+	                static_cast<int>(std::min<std::int64_t>(n, part.end - part.start))) == 0)
+		throw SpectrumFailure("cannot analyse '" + source.name() + "': it holds no samples");
+	averager.add(frame.data());
+	for (std::int64_t next = part.start + n; next + hop <= part.end; next += hop)
+	{
+		std::memmove(frame.data(), frame.data() + hop * stride, hop * stride * sizeof(float));
+		if (source.read(frame.data() + hop * stride, hop) < hop)
+			break; // the file ends before its header said
+		averager.add(frame.data());
+	}
+}
+
 } // namespace
 
 SpectrumAnalyser::SpectrumAnalyser(const SpectrumOptions& o) : options(o)
@@ -68,54 +117,22 @@ std::vector<ChannelSpectrum> SpectrumAnalyser::analyse(const float* interleaved,
 
 std::vector<ChannelSpectrum> SpectrumAnalyser::analyse(SampleSource& source) const
 {
-	const double rate = source.sampleRate();
-	const std::int64_t total = source.frames();
-	const auto toFrame = [&](double s) {
-		return s * rate >= static_cast<double>(total)
-		           ? total
-		           : static_cast<std::int64_t>(std::llround(s * rate));
-	};
-	const std::int64_t start = toFrame(options.fromSeconds);
-	const std::int64_t end = toFrame(options.toSeconds);
-	if (start >= end)
-		throw SpectrumFailure("cannot analyse '" + source.name() + "': it is " +
-		                      seconds(static_cast<double>(total) / rate) + " long, nothing from " +
-		                      seconds(options.fromSeconds) + " on");
-	source.seek(start);
-
-	const int n = options.fftSize;
-	const int hop = n / 2;
-	const int channels = source.channels();
-	const auto stride = static_cast<std::size_t>(channels);
-	PowerAverager averager(n, channels);
-	// One frame of all channels. A part shorter than a frame is analysed as
-	// one frame padded with zeros (its level then reads low by the padding).
-	std::vector<float> frame(static_cast<std::size_t>(n) * stride, 0.0f);
-	const int first =
-	    source.read(frame.data(), static_cast<int>(std::min<std::int64_t>(n, end - start)));
-	if (first == 0)
-		throw SpectrumFailure("cannot analyse '" + source.name() + "': it holds no samples");
-	averager.add(frame.data());
-	// Then one frame every hop while a whole hop of the part remains.
-	for (std::int64_t next = start + n; next + hop <= end; next += hop)
-	{
-		std::memmove(frame.data(), frame.data() + hop * stride, hop * stride * sizeof(float));
-		if (source.read(frame.data() + hop * stride, hop) < hop)
-			break; // the file ends before its header said
-		averager.add(frame.data());
-	}
-
+	const Part part = partOf(source, options);
+	if (part.start > 0)
+		source.seek(part.start);
+	PowerAverager averager(options.fftSize, source.channels());
+	averageFrames(source, part, averager);
 	if (!averager.finite())
 		throw SpectrumFailure("cannot analyse '" + source.name() +
 		                      "': it holds samples that are not finite numbers");
 
-	std::vector<ChannelSpectrum> spectra(stride);
-	for (int c = 0; c < channels; ++c)
+	std::vector<ChannelSpectrum> spectra(static_cast<std::size_t>(source.channels()));
+	for (int c = 0; c < source.channels(); ++c)
 	{
 		ChannelSpectrum& s = spectra[static_cast<std::size_t>(c)];
-		s.label = channelLabel(source.label(), c, channels);
-		s.sampleRate = rate;
-		s.fftSize = n;
+		s.label = channelLabel(source.label(), c, source.channels());
+		s.sampleRate = source.sampleRate();
+		s.fftSize = options.fftSize;
 		s.levelDb = averager.levelsDb(c);
 	}
 	return spectra;
