@@ -21,7 +21,8 @@ PowerAverager::PowerAverager(int fftSize, int channels)
 : size(fftSize),
   channelCount(channels),
   window(hannWindow(fftSize)),
-  powerSums(static_cast<std::size_t>(channels) * static_cast<std::size_t>(fftSize / 2 + 1))
+  powerSums(static_cast<std::size_t>(channels + channels % 2) *
+            static_cast<std::size_t>(fftSize / 2 + 1))
 {
 	for (double w : window)
 		windowSum += w;
@@ -37,11 +38,18 @@ void PowerAverager::add(const float* interleaved)
 
 void PowerAverager::transformPair(const float* interleaved, int first, bool withSecond)
 {
+	// A channel without a partner is paired with silence, whose sums go to
+	// the spare row at the end.
+	static const float silence = 0.0f;
 	OsiComplex* z = fourier.data();
 	const float* x = interleaved + first;
-	for (int i = 0; i < size; ++i, x += channelCount)
-		z[i] = {window[static_cast<std::size_t>(i)] * x[0],
-		        withSecond ? window[static_cast<std::size_t>(i)] * x[1] : 0.0};
+	const float* y = withSecond ? x + 1 : &silence;
+	const int yStride = withSecond ? channelCount : 0;
+	for (int i = 0; i < size; ++i)
+	{
+		const double w = window[static_cast<std::size_t>(i)];
+		z[i] = {w * x[i * channelCount], w * y[i * yStride]};
+	}
 	fourier.fourierTransform(true);
 
 	// With z = x + i y for real x and y: X_k = (Z_k + conj Z_(N-k)) / 2 and
@@ -50,18 +58,15 @@ void PowerAverager::transformPair(const float* interleaved, int first, bool with
 	const int half = size / 2;
 	double* sumX = powerSums.data() + static_cast<std::size_t>(first) * (half + 1);
 	double* sumY = sumX + half + 1;
-	for (int k = 0; k <= half; ++k)
-	{
-		const OsiComplex a = z[k];
-		const OsiComplex b = z[(size - k) & (size - 1)];
+	const auto accumulate = [&](int k, const OsiComplex& a, const OsiComplex& b) {
 		const double xr = a.re + b.re, xi = a.im - b.im;
+		const double yr = a.im + b.im, yi = a.re - b.re;
 		sumX[k] += xr * xr + xi * xi;
-		if (withSecond)
-		{
-			const double yr = a.im + b.im, yi = a.re - b.re;
-			sumY[k] += yr * yr + yi * yi;
-		}
-	}
+		sumY[k] += yr * yr + yi * yi;
+	};
+	accumulate(0, z[0], z[0]);
+	for (int k = 1; k <= half; ++k)
+		accumulate(k, z[k], z[size - k]);
 }
 
 bool PowerAverager::finite() const

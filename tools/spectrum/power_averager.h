@@ -37,7 +37,8 @@ private:
 	std::vector<double> window;
 	double windowSum = 0.0;
 	OsiFourier fourier;
-	// Summed powers, bins 0 .. size / 2 of channel 0, then channel 1, ...
+	// Summed powers, bins 0 .. size / 2 of channel 0, then channel 1, ...,
+	// and a spare row when the channels are odd in number.
 	std::vector<double> powerSums;
 	int frameCount = 0;
 };
