@@ -1,8 +1,10 @@
 #include "vgui/vguidatashelvingcursor.h"
 
 #include "vgui/vguiaxisratio.h"
+#include "vgui/vguigfxpolyline.h"
 #include "vgui/vguigraph.h"
 #include "vgui/vguigraphcontrol.h"
+#include "vgui/vguigraphcursorcolour.h"
 #include "vgui/vguishelvingfiltersection.h"
 
 #include <algorithm>
@@ -64,4 +66,27 @@ void VGuiDataShelvingCursor::endAction(const VGuiPoint& a, const VGuiPoint& b, b
 	const auto section = VGuiReference<VGuiShelvingFilterSection>::adopt(
 	    new VGuiShelvingFilterSection(corner, slope, highShelf));
 	control->endAdjust(section.get(), cancelled);
+}
+
+void VGuiDataShelvingCursor::realize(VSTGUI::CDrawContext*)
+{
+	group.deleteAll();
+	if (shown && dragging)
+	{
+		// As wide each way as the pointer is from the corner, at least a tick;
+		// a high shelf rises to the right of the corner, a low one to the left.
+		const double tick = tickSize();
+		const double reach = std::max(tick, std::fabs(end.x - start.x)) * (highShelf ? 1.0 : -1.0);
+		const double level = start.x - reach;
+		const double shelf = start.x + reach;
+		const VGuiPoint mark[7] = {
+		    {level, start.y - tick}, {level, start.y + tick}, {level, start.y},     start,
+		    {shelf, end.y},          {shelf, end.y - tick},   {shelf, end.y + tick}};
+		group.append(new VGuiGfxPolyline(mark, 7, VGuiGraphCursorColour::Colour,
+		                                 VGuiColour(0, 0, 0, 0),
+		                                 VSTGUI::CLineStyle(VSTGUI::kLineSolid), 1.0));
+		realizeCross(start);
+	}
+	group.findExtent();
+	takeGroupExtent();
 }
