@@ -137,6 +137,27 @@ void VGuiDataCursorBase::notifyPlotReplaced(VGuiGraphPlot* old, VGuiGraphPlot* r
 	searchIndex = followed ? std::min(searchIndex, std::max(0, followed->count() - 1)) : 0;
 }
 
+void VGuiDataCursorBase::notifyAxesChanged()
+{
+	if (!owner)
+		return;
+	snapped = VGuiPoint();
+	owner->map(snapped, point, true);
+	snappedStart = VGuiPoint();
+	owner->map(snappedStart, startPoint, true);
+	previousSnapped = snapped;
+	if (shown)
+		owner->realize(this);
+}
+
+bool VGuiDataCursorBase::focusColour(VGuiColour& colour) const
+{
+	if (!focused || !focused->properties())
+		return false;
+	colour = focused->properties()->lineColour;
+	return true;
+}
+
 int VGuiDataCursorBase::search(double x) const
 {
 	const VGuiGraphData& d = *followed;

@@ -26,6 +26,10 @@ public:
 	bool onMouseMovedEvent(VSTGUI::CPoint& where, const VSTGUI::CButtonState& buttons,
 	                       bool& handled, VSTGUI::CView* view) override;
 	void notifyPlotReplaced(VGuiGraphPlot* old, VGuiGraphPlot* replacement) override;
+	// Puts the snapped points where the data read now appear.
+	void notifyAxesChanged() override;
+	int focusId() const override { return dataId(); }
+	bool focusColour(VGuiColour& colour) const override;
 
 	// Snaps to the data at the screen point p; with begin, the point found is
 	// also where a two-point measurement starts.

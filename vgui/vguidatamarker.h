@@ -11,5 +11,6 @@ public:
 	: VGuiGraphMarker(VGuiDataMarkerType, graph, plot, index, point)
 	{}
 
+	VGuiDataMarker* copy() const override { return new VGuiDataMarker(*this); }
 	void realize(VSTGUI::CDrawContext* context) override;
 };

@@ -14,6 +14,10 @@ public:
 	  startIndex(start)
 	{}
 
+	VGuiDifferentialDataMarker* copy() const override
+	{
+		return new VGuiDifferentialDataMarker(*this);
+	}
 	void realize(VSTGUI::CDrawContext* context) override;
 
 	int startIndex;

@@ -754,6 +754,8 @@ void VGuiGraph::graphUpdate()
 	if (changes)
 	{
 		realize(context);
+		if (cursor)
+			cursor->notifyAxesChanged();
 		invalidateFrame();
 	}
 	realizeQueued(context);

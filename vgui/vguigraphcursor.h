@@ -38,6 +38,14 @@ public:
 	// old has been replaced by replacement on the graph (both the same plot
 	// when its data changed).
 	virtual void notifyPlotReplaced(VGuiGraphPlot*, VGuiGraphPlot*) {}
+	// The axes were laid out afresh (replaced, new ranges or a new plot
+	// area): what the cursor placed on the screen has moved.
+	virtual void notifyAxesChanged() {}
+	// The identifier of the data that the cursor reads; -1 for none.
+	virtual int focusId() const { return -1; }
+	// The line colour of the plot that the cursor reads; false, leaving
+	// colour as it is, for none.
+	virtual bool focusColour(VGuiColour&) const { return false; }
 
 	// Shows or hides the cursor's figures, repainting where they were.
 	void visible(bool on);

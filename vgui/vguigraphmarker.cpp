@@ -45,6 +45,18 @@ VGuiGraphMarker::VGuiGraphMarker(VGuiGraphMarkerType type, VGuiGraph* graph, VGu
 	this->point = point;
 }
 
+VGuiGraphMarker::VGuiGraphMarker(const VGuiGraphMarker& other)
+: VGuiGraphElement(other.identifier()),
+  kind(other.kind),
+  props(other.props),
+  owningPlot(other.owningPlot),
+  data(other.data),
+  dataIndex(other.dataIndex),
+  point(other.point)
+{
+	registerGraph(other.owner);
+}
+
 void VGuiGraphMarker::properties(VGuiGraphMarkerProperties* p)
 {
 	if (p)

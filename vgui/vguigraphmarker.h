@@ -25,6 +25,11 @@ public:
 	// Pinned to data point index of the plot's data.
 	VGuiGraphMarker(VGuiGraphMarkerType type, VGuiGraph* graph, VGuiGraphPlot* plot, int index,
 	                const VGuiGraphPoint& point);
+	// On the same graph, plot and point; laid out afresh when added.
+	VGuiGraphMarker(const VGuiGraphMarker& other);
+
+	// A new marker of the same kind equal to this one.
+	virtual VGuiGraphMarker* copy() const = 0;
 
 	// Inside the hit rectangle, whose right and bottom edges are outside.
 	bool contains(const VGuiPoint& p) const

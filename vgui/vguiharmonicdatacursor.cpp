@@ -14,11 +14,6 @@ void VGuiHarmonicDataCursor::notifyConstrainedDataCursorMsg(VGuiGraphPoint& p, V
 	const VGuiGraphPoint fundamental = index > 0 && index < d.count() - 1 ? p : d[index];
 	harmonics[0] = VGuiGraphPoint(std::fabs(fundamental.x), fundamental.y, fundamental.z);
 	found = VGuiHarmonicSearch(d, index, harmonics, MaximumHarmonics);
-	for (int k = 0; k < found; ++k)
-	{
-		screen[k] = VGuiPoint();
-		owner->map(screen[k], harmonics[k], true);
-	}
 	if (!changed)
 		return;
 	notifySelected();
@@ -62,9 +57,13 @@ bool VGuiHarmonicDataCursor::onKeyUpEvent(VstKeyCode& key, VSTGUI::CView* view)
 void VGuiHarmonicDataCursor::realize(VSTGUI::CDrawContext*)
 {
 	group.deleteAll();
-	if (shown && dragging && owner)
-		for (int k = 0; k < found; ++k)
-			realizeCross(screen[k]);
+	// Mapped here, so that the ticks follow changes of the axes.
+	for (int k = 0; shown && dragging && owner && k < found; ++k)
+	{
+		VGuiPoint p;
+		owner->map(p, harmonics[k], true);
+		realizeCross(p);
+	}
 	group.findExtent();
 	takeGroupExtent();
 }

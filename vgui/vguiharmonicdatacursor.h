@@ -31,7 +31,6 @@ private:
 	void notifySelected() const;
 
 	VGuiGraphPoint harmonics[MaximumHarmonics];
-	VGuiPoint screen[MaximumHarmonics];
 	int found = 0;
 	int chosen = 0;
 };

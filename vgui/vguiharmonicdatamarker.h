@@ -12,6 +12,7 @@ public:
 	: VGuiGraphMarker(VGuiHarmonicDataMarkerType, graph, plot, index, point)
 	{}
 
+	VGuiHarmonicDataMarker* copy() const override { return new VGuiHarmonicDataMarker(*this); }
 	void realize(VSTGUI::CDrawContext* context) override;
 
 protected:

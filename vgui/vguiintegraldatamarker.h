@@ -14,6 +14,7 @@ public:
 	  startIndex(start)
 	{}
 
+	VGuiIntegralDataMarker* copy() const override { return new VGuiIntegralDataMarker(*this); }
 	void realize(VSTGUI::CDrawContext* context) override;
 
 	int startIndex;

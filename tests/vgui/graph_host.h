@@ -14,6 +14,7 @@
 #include "vstgui/lib/vstguiinit.h"
 
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace velora_test {
@@ -58,10 +59,18 @@ inline VGuiReference<VGuiGraph> linearGraph()
 	return made<VGuiGraph>(new VGui2dGraph(nullptr, x.get(), y.get(), nullptr));
 }
 
+// Markers copy themselves; the probes are never copied.
+template <typename Base, bool = std::is_base_of_v<VGuiGraphMarker, Base>> struct Copyable : Base
+{};
+template <typename Base> struct Copyable<Base, true> : Base
+{
+	VGuiGraphMarker* copy() const override { return nullptr; }
+};
+
 // Logs "name" for each event (with "(handled)" once an earlier receiver has
 // dealt with the pointer) and lets it pass unless told to stop; counts its
 // layouts and records the changes that each update asks it about.
-template <typename Base> class Probe : public Base
+template <typename Base> class Probe : public Copyable<Base>
 {
 public:
 	Probe(std::string name, std::string* log, bool passOn = true)

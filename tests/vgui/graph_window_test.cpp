@@ -70,12 +70,44 @@ struct Listener
 		listener->ids.push_back(msg->dataId());
 		if (auto* data = dynamic_cast<VGuiDataCursorMsg*>(msg))
 			listener->points.push_back(data->point);
+		if (auto* area = dynamic_cast<VGuiIntegralCursorMsg*>(msg))
+			listener->areas.push_back(area->sum);
 		return false;
 	}
 	OsiCallbackInstance member{&Listener::heard, this};
 	std::vector<std::string> texts;
 	std::vector<int> ids;
 	std::vector<VGuiGraphPoint> points;
+	std::vector<double> areas;
+};
+
+// Keeps the sections that the control's plot-edit listeners are told of.
+struct EditListener
+{
+	static bool heard(void* self, void* message)
+	{
+		auto* edit = static_cast<VGuiPlotEditMsg*>(message);
+		auto* listener = static_cast<EditListener*>(self);
+		listener->cancelled.push_back(edit->cancelled);
+		if (auto* p = dynamic_cast<VGuiParametricFilterSection*>(edit->section))
+			listener->peaks.push_back({p->q, p->centre, p->gain});
+		if (auto* s = dynamic_cast<VGuiShelvingFilterSection*>(edit->section))
+			listener->shelves.push_back({s->corner, s->slope, s->highShelf});
+		return false;
+	}
+	OsiCallbackInstance member{&EditListener::heard, this};
+	std::vector<bool> cancelled;
+	struct Peak
+	{
+		double q, centre, gain;
+	};
+	struct Shelf
+	{
+		double corner, slope;
+		bool highShelf;
+	};
+	std::vector<Peak> peaks;
+	std::vector<Shelf> shelves;
 };
 
 // One X11 window with a VSTGUI frame for the whole program, opened after the
@@ -135,6 +167,7 @@ public:
 		                yMaximum, yMinimum, 1.0, 0.0);
 		frame->addView(control);
 		frame->setFocusView(control);
+		control->plotEditCallbacks.link(&edits.member);
 		host.run(2);
 	}
 	~GraphWindow()
@@ -144,6 +177,12 @@ public:
 	}
 
 	VGuiGraph* graph() const { return control->graph(); }
+	// Fixes the ranges and shows plot.
+	void show(const VGuiReference<VGuiGraphPlot>& plot)
+	{
+		graph()->autoScale(false, false);
+		graph()->addPlot(plot.get(), false);
+	}
 	// Installs the cursor (taking over the creator's reference), listened to.
 	template <typename Cursor> Cursor* use(Cursor* cursor)
 	{
@@ -190,12 +229,15 @@ public:
 		key(virt, character, shift, EventType::KeyDown);
 		key(virt, character, shift, EventType::KeyUp);
 	}
-	// A whole drag: press, a few steps, optionally Escape, release.
-	void dragFromTo(CPoint a, CPoint b, bool escape = false)
+	// A whole drag: press, a few steps, a look while held, optionally
+	// Escape, release.
+	void dragFromTo(
+	    CPoint a, CPoint b, bool escape = false, const std::function<void()>& held = [] {})
 	{
 		press(a);
 		for (int step = 1; step <= 4; ++step)
 			drag(a + (b - a) * (step / 4.0));
+		held();
 		if (escape)
 			tap(VirtualKey::Escape);
 		release(b);
@@ -243,10 +285,11 @@ public:
 	CFrame* frame;
 	VGuiGraphControl* control = nullptr;
 	Listener listener;
+	Listener measured;
+	EditListener edits;
 	bool opened;
 	bool lastDown = false;
 
-private:
 	void deliver(Event& e)
 	{
 		// The entry that the X11 frame calls for the events of its window.
@@ -275,6 +318,58 @@ TEST(GraphWindow, OpensAndPaintsTheGraphWhereVSTGUIDrawsIt)
 	// A transparent control leaves the frame's own (black) background.
 	w.control->setAlphaValue(0.0f);
 	EXPECT_EQ(w.pixel(2, 2), VGuiColour(0, 0, 0));
+}
+
+// Hears the wheel before the cursor does, and passes it on or keeps it.
+struct WheelElement : VGuiGraphElement
+{
+	explicit WheelElement(bool passes) : passes(passes) {}
+	void draw(CDrawContext*, const VGuiRect&) const override {}
+	void realize(CDrawContext*) override {}
+	bool onMouseWheelEvent(CPoint& p, const CMouseWheelAxis& a, const float& d, const CButtonState&,
+	                       bool&, CView* v) override
+	{
+		where = p;
+		axis = a;
+		distance = d;
+		view = v;
+		return passes;
+	}
+	bool passes;
+	CPoint where;
+	CMouseWheelAxis axis = kMouseWheelAxisX;
+	float distance = 0.0f;
+	CView* view = nullptr;
+};
+
+TEST(GraphWindow, TheWheelReachesTheGraphAndIsHandledUnlessAnElementKeepsIt)
+{
+	struct Case
+	{
+		double deltaX, deltaY;
+		bool passes;
+		CMouseWheelAxis axis;
+	};
+	GraphWindow w;
+	for (const Case c : {Case{0.0, -2.0, true, kMouseWheelAxisY},
+	                     {1.5, 0.0, true, kMouseWheelAxisX},
+	                     {0.0, 1.0, false, kMouseWheelAxisY}})
+	{
+		const auto element = VGuiReference<WheelElement>::adopt(new WheelElement(c.passes));
+		w.graph()->addElement(element.get());
+		MouseWheelEvent e;
+		e.mousePosition = CPoint(120, 90);
+		e.deltaX = c.deltaX;
+		e.deltaY = c.deltaY;
+		w.deliver(e);
+		EXPECT_EQ(element->view, w.control);
+		EXPECT_EQ(element->where, e.mousePosition);
+		EXPECT_EQ(element->axis, c.axis);
+		EXPECT_EQ(element->distance, static_cast<float>(c.deltaX + c.deltaY));
+		EXPECT_EQ(static_cast<bool>(e.consumed), c.passes)
+		    << "the graph's true is VSTGUI's handled";
+		w.graph()->removeElement(element.get());
+	}
 }
 
 enum class Tool
@@ -415,20 +510,25 @@ TEST_P(GraphWindowDataCursor, SnapsToTheDataOrInterpolatesOnTheLine)
 {
 	const DataCase c = GetParam();
 	GraphWindow w;
-	w.graph()->autoScale(false, false);
-	w.graph()->addPlot(parabola(7).get(), false);
+	w.show(parabola(7));
 	auto* cursor = w.use(new VGuiDataCursor(w.graph(), c.interpolate, true));
 	w.press(w.where(90.0, 50.0));
 	w.drag(w.where(c.x, 50.0));
 	// Cross-hairs through the read point while dragging.
 	const CPoint read = w.where(c.expectedX, c.expectedY);
 	EXPECT_TRUE(w.cursorNear({w.graph()->plotArea().left + 3, read.y}));
+	// Panned 20 pixels down, the ranges move them with the read point.
+	w.graph()->pan(VGuiPoint(200, 100), VGuiPoint(200, 120));
+	EXPECT_TRUE(w.cursorNear({w.graph()->plotArea().left + 3, read.y + 20}));
 	w.release(w.where(c.x, 50.0));
 	ASSERT_FALSE(w.listener.points.empty());
 	EXPECT_EQ(w.listener.ids.back(), 7);
 	EXPECT_NEAR(w.listener.points.back().x, c.expectedX, c.tolerance);
 	EXPECT_NEAR(w.listener.points.back().y, c.expectedY, c.tolerance);
-	EXPECT_EQ(cursor->data()->identifier(), 7);
+	EXPECT_EQ(cursor->focusId(), 7);
+	VGuiColour colour;
+	EXPECT_TRUE(cursor->focusColour(colour));
+	EXPECT_EQ(colour, VGuiColour(0, 255, 0)) << "a plot's default";
 }
 
 INSTANTIATE_TEST_SUITE_P(, GraphWindowDataCursor,
@@ -450,8 +550,7 @@ TEST(GraphWindow, AConstrainedDataCursorHoldsOneCoordinateAtTheStart)
 	                     {VGuiConstrainFollowY, {90.0, 7.2, 0.0}}})
 	{
 		GraphWindow w;
-		w.graph()->autoScale(false, false);
-		w.graph()->addPlot(parabola(7).get(), false);
+		w.show(parabola(7));
 		w.use(new VGuiConstrainedDataCursor(w.graph(), false, true, c.mode));
 		w.press(w.where(90.0, 50.0));
 		w.drag(w.where(33.0, 50.0));
@@ -483,35 +582,6 @@ TEST(GraphWindow, TabMovesTheDataCursorToThePreviousPlotAndShiftTabToTheNext)
 	EXPECT_EQ(visited, expected);
 }
 
-// Keeps the sections that the control's plot-edit listeners are told of.
-struct EditListener
-{
-	static bool heard(void* self, void* message)
-	{
-		auto* edit = static_cast<VGuiPlotEditMsg*>(message);
-		auto* listener = static_cast<EditListener*>(self);
-		listener->cancelled.push_back(edit->cancelled);
-		if (auto* p = dynamic_cast<VGuiParametricFilterSection*>(edit->section))
-			listener->peaks.push_back({p->q, p->centre, p->gain});
-		if (auto* s = dynamic_cast<VGuiShelvingFilterSection*>(edit->section))
-			listener->shelves.push_back({s->corner, s->slope, s->highShelf});
-		return false;
-	}
-	OsiCallbackInstance member{&EditListener::heard, this};
-	std::vector<bool> cancelled;
-	struct Peak
-	{
-		double q, centre, gain;
-	};
-	struct Shelf
-	{
-		double corner, slope;
-		bool highShelf;
-	};
-	std::vector<Peak> peaks;
-	std::vector<Shelf> shelves;
-};
-
 constexpr int adjustPlot = 7;
 // A character key (Xlib's None macro hides VirtualKey::None).
 constexpr VirtualKey noVirtualKey{};
@@ -532,13 +602,12 @@ TEST_P(GraphWindowGain, DragsAPeakingSectionShownWhileDraggingAndHandedOnAtTheEn
 {
 	const GainCase c = GetParam();
 	GraphWindow w;
-	w.graph()->autoScale(false, false);
-	w.graph()->addPlot(parabola(3).get(), false);
-	EditListener edits;
-	w.control->plotEditCallbacks.link(&edits.member);
+	w.show(parabola(3));
 	w.use(new VGuiDataGainCursor(w.graph(), w.control));
 	const CPoint from = w.where(50.0, 20.0);
 	const CPoint to = w.where(c.toX, 40.0);
+	// A first section, whose Q the "6" key keeps.
+	w.dragFromTo(from, w.where(90.0, 40.0));
 	if (c.held)
 		w.key(noVirtualKey, c.held, false, EventType::KeyDown);
 	w.press(from);
@@ -551,9 +620,9 @@ TEST_P(GraphWindowGain, DragsAPeakingSectionShownWhileDraggingAndHandedOnAtTheEn
 		w.tap(VirtualKey::Escape);
 	w.release(to);
 	EXPECT_EQ(w.graph()->plotWithId(adjustPlot), nullptr);
-	ASSERT_EQ(edits.peaks.size(), 1u);
-	EXPECT_EQ(edits.cancelled.back(), c.escape);
-	const auto& peak = edits.peaks.back();
+	ASSERT_EQ(w.edits.peaks.size(), 2u);
+	EXPECT_EQ(w.edits.cancelled.back(), c.escape);
+	const auto& peak = w.edits.peaks.back();
 	EXPECT_NEAR(peak.centre, 50.0, 1e-9);
 	EXPECT_NEAR(peak.gain, 2.0, 1e-9);
 	EXPECT_NEAR(peak.q, c.q, 1e-9);
@@ -566,23 +635,10 @@ INSTANTIATE_TEST_SUITE_P(
                       GainCase{"NarrowBandLimited", 0, 50.5, false, 15.0},
                       GainCase{"MHeld", 'M', 70.0, false, 15.0},
                       GainCase{"ZeroHeld", '0', 70.0, false, 0.0},
+                      GainCase{"SixHeldKeepsTheLastQ", '6', 70.0, false,
+                               50.0 / (90.0 - 2500.0 / 90.0)},
                       GainCase{"Escape", 0, 70.0, true, 50.0 / (70.0 - 2500.0 / 70.0)}),
     [](const auto& info) { return std::string(info.param.name); });
-
-TEST(GraphWindow, TheSixKeyKeepsTheLastQ)
-{
-	GraphWindow w;
-	w.graph()->autoScale(false, false);
-	w.graph()->addPlot(parabola(3).get(), false);
-	EditListener edits;
-	w.control->plotEditCallbacks.link(&edits.member);
-	w.use(new VGuiDataGainCursor(w.graph(), w.control));
-	w.dragFromTo(w.where(50.0, 20.0), w.where(70.0, 40.0));
-	w.key(noVirtualKey, '6', false, EventType::KeyDown);
-	w.dragFromTo(w.where(50.0, 20.0), w.where(90.0, 40.0));
-	ASSERT_EQ(edits.peaks.size(), 2u);
-	EXPECT_EQ(edits.peaks[1].q, edits.peaks[0].q);
-}
 
 struct ShelfCase
 {
@@ -599,16 +655,21 @@ TEST_P(GraphWindowShelf, DragsAShelfWhoseSlopeIsLimitedTo9)
 {
 	const ShelfCase c = GetParam();
 	GraphWindow w(VGuiGraphLogAxis, 1e-10, 1e5);
-	w.graph()->autoScale(false, false);
-	w.graph()->addPlot(parabola(3).get(), false);
-	EditListener edits;
-	w.control->plotEditCallbacks.link(&edits.member);
+	w.show(parabola(3));
 	w.use(new VGuiDataShelvingCursor(w.graph(), w.control, c.high));
-	w.dragFromTo(w.where(50.0, c.fromY), w.where(60.0, c.toY));
-	ASSERT_EQ(edits.shelves.size(), 1u);
-	EXPECT_NEAR(edits.shelves[0].corner, 50.0, 1e-9);
-	EXPECT_NEAR(edits.shelves[0].slope, c.slope, 1e-6);
-	EXPECT_EQ(edits.shelves[0].highShelf, c.high);
+	const CPoint from = w.where(50.0, c.fromY);
+	const CPoint to = w.where(60.0, c.toY);
+	w.dragFromTo(from, to, false, [&] {
+		// Level at the corner on the side left alone, at the pointer's height
+		// on the shelved side.
+		const double reach = (to.x - from.x) * (c.high ? 1.0 : -1.0);
+		EXPECT_TRUE(w.cursorNear({from.x - reach / 2, from.y}));
+		EXPECT_TRUE(w.cursorNear({from.x + reach, to.y}));
+	});
+	ASSERT_EQ(w.edits.shelves.size(), 1u);
+	EXPECT_NEAR(w.edits.shelves[0].corner, 50.0, 1e-9);
+	EXPECT_NEAR(w.edits.shelves[0].slope, c.slope, 1e-6);
+	EXPECT_EQ(w.edits.shelves[0].highShelf, c.high);
 }
 
 INSTANTIATE_TEST_SUITE_P(, GraphWindowShelf,
@@ -617,23 +678,6 @@ INSTANTIATE_TEST_SUITE_P(, GraphWindowShelf,
                                            ShelfCase{true, 1e-8, 1e4, 9.0},
                                            ShelfCase{false, 1e-8, 1e4, -9.0},
                                            ShelfCase{true, 1e4, 1e-8, -9.0}));
-
-// Keeps the measurements that a cursor reports.
-struct MeasurementListener
-{
-	static bool heard(void* self, void* message)
-	{
-		auto* msg = static_cast<VGuiGraphCursorMsg*>(message);
-		auto* listener = static_cast<MeasurementListener*>(self);
-		listener->texts.push_back(msg->text());
-		if (auto* area = dynamic_cast<VGuiIntegralCursorMsg*>(msg))
-			listener->areas.push_back(area->sum);
-		return false;
-	}
-	OsiCallbackInstance member{&MeasurementListener::heard, this};
-	std::vector<std::string> texts;
-	std::vector<double> areas;
-};
 
 struct IntegralCase
 {
@@ -651,20 +695,18 @@ TEST_P(GraphWindowIntegral, SumsTheDataBetweenTheStartAndThePointer)
 {
 	const IntegralCase c = GetParam();
 	GraphWindow w;
-	w.graph()->autoScale(false, false);
-	w.graph()->addPlot(parabola(4).get(), false);
+	w.show(parabola(4));
 	GuiIntegralCursorMultiplier multiplier(c.multiplier, false);
 	if (c.multiplier > 0.0)
 		w.graph()->integralCursorMultiplier(&multiplier);
 	auto* cursor = w.use(new VGuiIntegralDataCursor(w.graph(), false, true));
-	MeasurementListener measured;
-	cursor->measurementMessages.link(&measured.member);
+	cursor->measurementMessages.link(&w.measured.member);
 	w.press(w.where(c.path.front(), 50.0));
 	for (size_t i = 1; i < c.path.size(); ++i)
 		w.drag(w.where(c.path[i], 50.0));
 	w.release(w.where(c.path.back(), 50.0));
-	ASSERT_FALSE(measured.areas.empty());
-	EXPECT_NEAR(measured.areas.back(), c.area, 1e-9);
+	ASSERT_FALSE(w.measured.areas.empty());
+	EXPECT_NEAR(w.measured.areas.back(), c.area, 1e-9);
 	w.graph()->integralCursorMultiplier(nullptr);
 }
 
@@ -694,14 +736,12 @@ TEST_P(GraphWindowDifference, ReadsTheDifferenceAsTheYAxisShowsIt)
 {
 	const DifferenceCase c = GetParam();
 	GraphWindow w(c.yType, c.yType == VGuiGraphLinearAxis ? 0.0 : 0.01, 100.0);
-	w.graph()->autoScale(false, false);
-	w.graph()->addPlot(parabola(4).get(), false);
+	w.show(parabola(4));
 	auto* cursor = w.use(new VGuiDifferentialDataCursor(w.graph(), false, true));
-	MeasurementListener measured;
-	cursor->measurementMessages.link(&measured.member);
+	cursor->measurementMessages.link(&w.measured.member);
 	w.dragFromTo(w.where(c.fromX, 50.0), w.where(c.toX, 50.0));
-	ASSERT_FALSE(measured.texts.empty());
-	const std::string& text = measured.texts.back();
+	ASSERT_FALSE(w.measured.texts.empty());
+	const std::string& text = w.measured.texts.back();
 	EXPECT_EQ(text.substr(text.size() - std::string(c.ending).size()), c.ending) << text;
 	EXPECT_EQ(std::count(text.begin(), text.end(), ','), 2) << text;
 }
@@ -746,8 +786,7 @@ class GraphWindowHarmonics : public ::testing::TestWithParam<std::pair<double, i
 TEST_P(GraphWindowHarmonics, FindsTheMultiplesOfTheFundamentalAndReadsThemByDigitKeys)
 {
 	GraphWindow w;
-	w.graph()->autoScale(false, false);
-	w.graph()->addPlot(spectrum().get(), false);
+	w.show(spectrum());
 	auto* cursor = w.use(new VGuiHarmonicDataCursor(w.graph(), false));
 	const auto [fundamental, entries] = GetParam();
 	w.press(w.where(fundamental, 50.0));
@@ -815,8 +854,7 @@ TEST_P(GraphWindowMarkers, MarkerCursorsPinMarkersThatTheEraseCursorRemoves)
 {
 	const MarkerCase c = GetParam();
 	GraphWindow w;
-	w.graph()->autoScale(false, false);
-	w.graph()->addPlot(parabola(7).get(), false);
+	w.show(parabola(7));
 	switch (c.type)
 	{
 	case VGuiIntegralDataMarkerType:
@@ -851,6 +889,8 @@ TEST_P(GraphWindowMarkers, MarkerCursorsPinMarkersThatTheEraseCursorRemoves)
 		    << "the third harmonic's cross";
 	}
 
+	const auto copy = VGuiReference<VGuiGraphMarker>::adopt(marker->copy());
+	const VGuiRect shown = marker->extent();
 	CPoint onBox;
 	ASSERT_TRUE(pointOn(marker, onBox));
 	w.use(new VGuiMarkerEraseDataCursor(w.graph(), false, true));
@@ -860,6 +900,11 @@ TEST_P(GraphWindowMarkers, MarkerCursorsPinMarkersThatTheEraseCursorRemoves)
 	EXPECT_NE(w.graph()->markerWithId(0), nullptr);
 	w.dragFromTo(onBox, onBox);
 	EXPECT_EQ(w.graph()->markerWithId(0), nullptr);
+	// The copy reads the same where the marker was.
+	w.graph()->addMarker(copy.get());
+	w.host.run(1);
+	EXPECT_EQ(copy->type(), c.type);
+	EXPECT_EQ(copy->extent(), shown);
 }
 
 INSTANTIATE_TEST_SUITE_P(
