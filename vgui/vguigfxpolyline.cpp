@@ -23,14 +23,38 @@ VGuiGfxObject* VGuiGfxPolyline::copy() const
 	return new VGuiGfxPolyline(*this);
 }
 
-void VGuiGfxPolyline::draw(VSTGUI::CDrawContext* context, const VGuiRect&) const
+namespace {
+
+// Whether the rectangle around segment a-b meets r.
+bool meets(const VGuiPoint& a, const VGuiPoint& b, const VGuiRect& r)
+{
+	return std::min(a.x, b.x) <= r.right && std::max(a.x, b.x) >= r.left &&
+	       std::min(a.y, b.y) <= r.bottom && std::max(a.y, b.y) >= r.top;
+}
+
+} // namespace
+
+void VGuiGfxPolyline::draw(VSTGUI::CDrawContext* context, const VGuiRect& update) const
 {
 	if (points.size() < 2)
 		return;
-	drawShape(context, [this](VSTGUI::CGraphicsPath& path) {
-		path.beginSubpath(points.front().toCPoint());
+	// A long curve repainted in a small rectangle (a cursor moving over it)
+	// strokes only the runs of segments that reach into the rectangle. A
+	// filled or dashed line keeps its whole path: its fill and its dashes
+	// depend on all of it.
+	const VGuiRect reach = grown(update, lineWidth() / 2.0 + 1.0);
+	const bool whole = fillColour().alpha != 0 || lineStyle().getDashCount() != 0;
+	drawShape(context, [&](VSTGUI::CGraphicsPath& path) {
+		bool inRun = false;
 		for (size_t i = 1; i < points.size(); ++i)
-			path.addLine(points[i].toCPoint());
+		{
+			const bool needed = whole || meets(points[i - 1], points[i], reach);
+			if (needed && !inRun)
+				path.beginSubpath(points[i - 1].toCPoint());
+			if (needed)
+				path.addLine(points[i].toCPoint());
+			inRun = needed;
+		}
 	});
 }
 

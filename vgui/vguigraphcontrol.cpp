@@ -104,8 +104,18 @@ void VGuiGraphControl::refresh()
 
 void VGuiGraphControl::draw(CDrawContext* context)
 {
+	paint(context, VGuiRect(getViewSize()));
+}
+
+void VGuiGraphControl::drawRect(CDrawContext* context, const CRect& updateRect)
+{
+	paint(context, VGuiRect(updateRect).intersect(VGuiRect(getViewSize())));
+}
+
+void VGuiGraphControl::paint(CDrawContext* context, const VGuiRect& update)
+{
 	if (shown && isVisible())
-		shown->paint(context, VGuiRect(getViewSize()));
+		shown->paint(context, update);
 	setDirty(false);
 }
 

@@ -40,6 +40,8 @@ public:
 	void refresh();
 
 	void draw(VSTGUI::CDrawContext* context) override;
+	// Paints only what lies in updateRect (what VSTGUI repaints).
+	void drawRect(VSTGUI::CDrawContext* context, const VSTGUI::CRect& updateRect) override;
 	VSTGUI::CMouseEventResult onMouseDown(VSTGUI::CPoint& where,
 	                                      const VSTGUI::CButtonState& buttons) override;
 	VSTGUI::CMouseEventResult onMouseUp(VSTGUI::CPoint& where,
@@ -71,6 +73,8 @@ public:
 private:
 	// The graph's answer as VSTGUI's: true is handled.
 	static VSTGUI::CMouseEventResult result(bool handledByGraph);
+	// Paints the graph's part in update, when the view shows.
+	void paint(VSTGUI::CDrawContext* context, const VGuiRect& update);
 
 	VGuiReference<VGui2dGraph> shown;
 	VGuiReference<VGuiGraphData> adjustedData;

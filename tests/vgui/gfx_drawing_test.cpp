@@ -168,9 +168,13 @@ TEST(VGuiGfxDrawing, GroupDrawsOnlyWhatReachesTheUpdate)
 	VGuiGfxGroup group;
 	group.append(new VGuiGfxRectangle({0, 0, 20, 20}, kNone, kRed, kLineSolid, 0));
 	group.append(new VGuiGfxRectangle({40, 40, 60, 60}, kNone, kRed, kLineSolid, 0));
+	const VGuiPoint run[3] = {{75, 5}, {75, 30}, {75, 70}};
+	group.append(new VGuiGfxPolyline(run, 3, kBlue, kNone, kLineSolid, 2.0));
 	group.draw(canvas.get(), VGuiRect(50, 50, 80, 80));
 	EXPECT_EQ(canvas.pixel(10, 10), kWhite);
 	EXPECT_EQ(canvas.pixel(45, 45), kRed); // the whole object, not only the update
+	EXPECT_EQ(canvas.pixel(75, 60), kBlue);
+	EXPECT_EQ(canvas.pixel(75, 10), kWhite) << "a line's segments away from the update";
 }
 
 struct BorderCase
