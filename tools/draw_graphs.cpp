@@ -1,23 +1,45 @@
-// Draws the graph toolkit's three example graphs through VSTGUI's offscreen
+// Draws the graph toolkit's example graphs through VSTGUI's offscreen
 // drawing context to PNG files in a folder: a sine on linear axes
 // (graph-sine.png), the measured spectrum of a test signal on a logarithmic
 // frequency axis and a decibel axis (graph-spectrum.png), and a scatter plot
-// of correlated noise (graph-scatter.png).
+// of correlated noise (graph-scatter.png). Then the same spectrum in a graph
+// control on a window-like frame, driven by mouse and key events entering
+// at the frame: a data cursor being dragged (graph-data-cursor.png), a
+// harmonic cursor's read-out over pinned markers (graph-harmonics.png), and a
+// peaking filter being drawn, with the adjusted spectrum (graph-gain.png).
 //
 // usage: draw_graphs OUTPUT_FOLDER
 #include "vgui/vgui2dgraph.h"
+#include "vgui/vguidatacursor.h"
+#include "vgui/vguidatagaincursor.h"
 #include "vgui/vguidecibelaxis.h"
+#include "vgui/vguiglobalgraphproperties.h"
+#include "vgui/vguigraphcontrol.h"
+#include "vgui/vguigraphcontroltypeinfo.h"
+#include "vgui/vguigraphcursormsg.h"
 #include "vgui/vguigraphdata.h"
 #include "vgui/vguigraphpictureview.h"
+#include "vgui/vguigraphplotproperties.h"
+#include "vgui/vguiharmonicdatacursor.h"
 #include "vgui/vguilinearaxis.h"
 #include "vgui/vguilineplot.h"
 #include "vgui/vguilogaxis.h"
+#include "vgui/vguimarkerdatacursor.h"
+#include "vgui/vguimarkerharmonicdatacursor.h"
 #include "vgui/vguiscatterplot.h"
 #include "vgui/vguisimplescatterplotmarker.h"
 
 #include "osi/numerics/osiapproximatenormaldeviate.h"
 #include "osi/numerics/osifourier.h"
 
+#include "vstgui/lib/cbitmap.h"
+#include "vstgui/lib/cframe.h"
+#include "vstgui/lib/cgraphicstransform.h"
+#include "vstgui/lib/coffscreencontext.h"
+#include "vstgui/lib/controls/ctextlabel.h"
+#include "vstgui/lib/events.h"
+#include "vstgui/lib/platform/iplatformframecallback.h"
+#include "vstgui/lib/platform/platformfactory.h"
 #include "vstgui/lib/vstguiinit.h"
 
 #include <cmath>
@@ -61,16 +83,20 @@ VGuiReference<VGuiGraph> graph(const char* title, VGuiGraphAxis* x, VGuiGraphAxi
 	return g;
 }
 
-bool write(VGuiGraph* g, VGuiGraphPlot* plot, const std::string& path)
+bool save(const std::vector<unsigned char>& png, const std::string& path)
 {
-	const auto view = VSTGUI::owned(new VGuiGraphPictureView(g, kWidth, kHeight));
-	g->addPlot(plot, false);
-	const std::vector<unsigned char> png = view->png(kScale);
 	if (png.empty())
 		return false;
 	std::ofstream out(path, std::ios::binary);
 	out.write(reinterpret_cast<const char*>(png.data()), static_cast<std::streamsize>(png.size()));
 	return static_cast<bool>(out.flush());
+}
+
+bool write(VGuiGraph* g, VGuiGraphPlot* plot, const std::string& path)
+{
+	const auto view = VSTGUI::owned(new VGuiGraphPictureView(g, kWidth, kHeight));
+	g->addPlot(plot, false);
+	return save(view->png(kScale), path);
 }
 
 // 2.5 periods of a 250 Hz sine of 1 V.
@@ -92,7 +118,7 @@ bool drawSine(const std::string& path)
 
 // The amplitude spectrum, Hann-windowed, of 8192 samples at 48 kHz: a 1 kHz
 // tone of 0.5 V with its 2nd and 3rd harmonics 40 and 50 dB down, in noise.
-bool drawSpectrum(const std::string& path)
+VGuiReference<VGuiGraphData> spectrum()
 {
 	constexpr int kOrder = 13;
 	constexpr double kRate = 48000;
@@ -116,6 +142,12 @@ bool drawSpectrum(const std::string& path)
 		const OsiComplex& c = fourier.data()[k];
 		(*data)[k - 1] = VGuiGraphPoint(k * kRate / n, 2 * std::hypot(c.re, c.im) / windowSum, 0);
 	}
+	return data;
+}
+
+bool drawSpectrum(const std::string& path)
+{
+	auto data = spectrum();
 	auto y = axis(new VGuiDecibelAxis(false, false), "Level", "V");
 	auto g = graph("Spectrum of a 1 kHz tone with harmonics",
 	               axis(new VGuiLogAxis(true), "Frequency", "Hz").get(), y.get(),
@@ -147,6 +179,194 @@ bool drawScatter(const std::string& path)
 	return write(g.get(), plot.get(), path);
 }
 
+// The spectrum in a graph control between a title bar and a read-out line,
+// on a frame without a window that is drawn offscreen. Events enter at the
+// frame as a window hands them on; the read-out shows the cursor's last
+// message.
+class SpectrumWindow
+{
+public:
+	static constexpr double kTitle = 26;
+	static constexpr double kReadOut = 26;
+
+	explicit SpectrumWindow(const char* title)
+	{
+		const VGuiColour face = properties->colours[VGuiGlobalGraphProperties::WindowBackground];
+		frame->setBackgroundColor(face.toCColor());
+		frame->addView(label(VSTGUI::CRect(0, 0, kWidth, kTitle), title,
+		                     VSTGUI::CColor(40, 60, 110), VSTGUI::kWhiteCColor));
+		frame->addView(readOut);
+		// The scheme of the process: the graph's colours, and the filter
+		// adjustment's.
+		VGuiGlobalGraphProperties::instance(properties.get());
+		VGuiGraphControlTypeInfo info(VGuiGraphLogAxis, VGuiGraphDecibelAxis, "Frequency", "Level");
+		info.xUnits = unit("Hz");
+		info.yUnits = unit("V");
+		control->create(info, 20000, 20, 1, 1e-7, 1, 0);
+		control->graph()->autoScale(false, false);
+		plot->properties(
+		    properties->plotProperties[VGuiGlobalGraphProperties::PowerSpectrum].get());
+		control->graph()->addPlot(plot.get(), false);
+		frame->addView(control);
+		frame->attached(frame);
+		// Keys go to the focus view of the active window.
+		static_cast<VSTGUI::IPlatformFrameCallback*>(frame)->platformOnActivate(true);
+		frame->setFocusView(control);
+	}
+	~SpectrumWindow()
+	{
+		frame->forget();
+		VGuiGlobalGraphProperties::instance(nullptr);
+	}
+
+	// Installs a cursor (taking over the creator's reference) whose read-out
+	// is shown.
+	template <typename Cursor> Cursor* use(Cursor* cursor)
+	{
+		control->graph()->graphCursor(cursor);
+		cursor->release();
+		cursor->dataMessages.link(&heard);
+		return cursor;
+	}
+	// The window point of a graph point (the graph lies where its control
+	// does).
+	VSTGUI::CPoint at(double x, double y) const
+	{
+		VGuiPoint p;
+		control->graph()->map(p, VGuiGraphPoint(x, y, 0), true);
+		return p.toCPoint();
+	}
+	// The data point nearest to frequency f.
+	VGuiGraphPoint nearest(double f) const
+	{
+		const VGuiGraphData& d = *data;
+		int best = 0;
+		for (int i = 1; i < d.count(); ++i)
+			if (std::fabs(d[i].x - f) < std::fabs(d[best].x - f))
+				best = i;
+		return d[best];
+	}
+	// Presses at a and drags to b, holding the button.
+	void hold(VSTGUI::CPoint a, VSTGUI::CPoint b)
+	{
+		VSTGUI::MouseDownEvent down(a, VSTGUI::MouseButton::Left);
+		enter(down);
+		for (int step = 1; step <= 4; ++step)
+		{
+			VSTGUI::MouseMoveEvent move(a + (b - a) * (step / 4.0), VSTGUI::MouseButton::Left);
+			enter(move);
+		}
+	}
+	void release(VSTGUI::CPoint p)
+	{
+		VSTGUI::MouseUpEvent up(p, VSTGUI::MouseButton::Left);
+		enter(up);
+	}
+	void show(const std::string& text) { readOut->setText(text.c_str()); }
+	void keyDown(char32_t character)
+	{
+		VSTGUI::KeyboardEvent key(VSTGUI::EventType::KeyDown);
+		key.character = character;
+		enter(key);
+	}
+
+	bool write(const std::string& path)
+	{
+		const auto context =
+		    VSTGUI::COffscreenContext::create(frame->getViewSize().getSize() * kScale);
+		if (!context)
+			return false;
+		context->beginDraw();
+		context->setDrawMode(VSTGUI::kAntiAliasing);
+		{
+			const VSTGUI::CDrawContext::Transform scaled(
+			    *context, VSTGUI::CGraphicsTransform().scale(kScale, kScale));
+			frame->drawRect(context, frame->getViewSize());
+		}
+		context->endDraw();
+		const auto bytes = VSTGUI::getPlatformFactory().createBitmapMemoryPNGRepresentation(
+		    context->getBitmap()->getPlatformBitmap());
+		return save(std::vector<unsigned char>(bytes.begin(), bytes.end()), path);
+	}
+
+	VGuiGraphControl* control = new VGuiGraphControl(
+	    VSTGUI::CRect(0, kTitle, kWidth, kTitle + kHeight), nullptr, 0, nullptr);
+
+private:
+	static VSTGUI::CTextLabel* label(const VSTGUI::CRect& r, const char* text,
+	                                 const VSTGUI::CColor& face, const VSTGUI::CColor& ink)
+	{
+		auto* l = new VSTGUI::CTextLabel(r, text);
+		l->setBackColor(face);
+		l->setFontColor(ink);
+		l->setFrameColor(face);
+		l->setHoriAlign(VSTGUI::kLeftText);
+		l->setTextInset(VSTGUI::CPoint(8, 0));
+		return l;
+	}
+	static bool show(void* self, void* message)
+	{
+		auto* window = static_cast<SpectrumWindow*>(self);
+		window->readOut->setText(static_cast<VGuiGraphCursorMsg*>(message)->text().c_str());
+		return false;
+	}
+	void enter(VSTGUI::Event& e)
+	{
+		static_cast<VSTGUI::IPlatformFrameCallback*>(frame)->platformOnEvent(e);
+	}
+
+	VGuiReference<VGuiGlobalGraphProperties> properties = made(new VGuiGlobalGraphProperties);
+	VSTGUI::CFrame* frame =
+	    new VSTGUI::CFrame(VSTGUI::CRect(0, 0, kWidth, kTitle + kHeight + kReadOut), nullptr);
+	VSTGUI::CTextLabel* readOut =
+	    label(VSTGUI::CRect(0, kTitle + kHeight, kWidth, kTitle + kHeight + kReadOut), "",
+	          VSTGUI::CColor(24, 24, 24), VSTGUI::CColor(36, 244, 36));
+	VGuiReference<VGuiGraphData> data = spectrum();
+	VGuiReference<VGuiLinePlot> plot = made(new VGuiLinePlot(1, data.get()));
+	OsiCallbackInstance heard{&SpectrumWindow::show, this};
+};
+
+// A data cursor dragged onto the 1 kHz tone, its cross-hairs on the peak.
+bool drawDataCursor(const std::string& path)
+{
+	SpectrumWindow w("Spectrum: data cursor");
+	w.use(new VGuiDataCursor(w.control->graph(), false, true));
+	const VGuiGraphPoint peak = w.nearest(1000);
+	w.hold(w.at(700, 1e-3), w.at(peak.x, peak.y));
+	return w.write(path);
+}
+
+// A harmonic marker pinned on the tone and a data marker on its third
+// harmonic, with the harmonic cursor held on the tone and the "3" key down.
+bool drawHarmonics(const std::string& path)
+{
+	SpectrumWindow w("Spectrum: harmonic cursor and markers");
+	VGuiGraph* g = w.control->graph();
+	const VGuiGraphPoint tone = w.nearest(1000);
+	const VGuiGraphPoint third = w.nearest(3000);
+	w.use(new VGuiMarkerHarmonicDataCursor(g, false));
+	w.hold(w.at(700, 1e-3), w.at(tone.x, tone.y));
+	w.release(w.at(tone.x, tone.y));
+	w.use(new VGuiMarkerDataCursor(g, false, false));
+	w.hold(w.at(4000, 1e-2), w.at(third.x, third.y));
+	w.release(w.at(third.x, third.y));
+	w.use(new VGuiHarmonicDataCursor(g, false));
+	w.hold(w.at(700, 1e-3), w.at(tone.x, tone.y));
+	w.keyDown(U'3');
+	return w.write(path);
+}
+
+// A peaking section being drawn at 6 kHz, 20 dB up; the read-out shows the
+// section (its description begins with a separating comma).
+bool drawGain(const std::string& path)
+{
+	SpectrumWindow w("Spectrum: drawing a peaking filter");
+	auto* cursor = w.use(new VGuiDataGainCursor(w.control->graph(), w.control));
+	w.hold(w.at(6000, 1e-4), w.at(7000, 1e-3));
+	w.show(std::string("Peaking section: ") + (cursor->text.c_str() + 1));
+	return w.write(path);
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -158,9 +378,11 @@ int main(int argc, char** argv)
 	}
 	VSTGUI::init(nullptr);
 	const std::string folder = argv[1];
-	const bool written = drawSine(folder + "/graph-sine.png") &&
-	                     drawSpectrum(folder + "/graph-spectrum.png") &&
-	                     drawScatter(folder + "/graph-scatter.png");
+	const bool written =
+	    drawSine(folder + "/graph-sine.png") && drawSpectrum(folder + "/graph-spectrum.png") &&
+	    drawScatter(folder + "/graph-scatter.png") &&
+	    drawDataCursor(folder + "/graph-data-cursor.png") &&
+	    drawHarmonics(folder + "/graph-harmonics.png") && drawGain(folder + "/graph-gain.png");
 	VSTGUI::exit();
 	if (!written)
 	{
