@@ -200,7 +200,7 @@ struct RangeFixture
 	VGuiReference<Element> probe = made(new Element("probe", &log));
 };
 
-TEST(VGuiGraph, ZoomsPansAndRescalesInSteps)
+TEST(VGuiGraph, PansAndRescalesInSteps)
 {
 	RangeFixture f;
 	auto plot = made(new FixedPlot({10, 1, 0}, {0, -1, 0}));
@@ -209,37 +209,11 @@ TEST(VGuiGraph, ZoomsPansAndRescalesInSteps)
 	EXPECT_EQ(f.graph->minimum(), VGuiGraphPoint(0, -1, 0));
 	EXPECT_EQ(f.rangeChanges(), 3u);
 
-	const VGuiRect& area = f.graph->plotArea();
-	const VGuiPoint centre((area.left + area.right) / 2, (area.top + area.bottom) / 2);
-	VGuiGraphPoint atCentre;
-	f.graph->inverseMap(atCentre, centre);
-	// A click zooms in by 0.707 about itself (give or take the pixels of
-	// halving in whole pixels), and out by 1.414, which does not quite undo
-	// it.
-	f.graph->zoomIn(centre, centre + VGuiPoint(3, 3));
-	const double perPixel = 10.0 / area.width();
-	EXPECT_NEAR(f.xSpan(), 10 * 0.707, perPixel);
-	EXPECT_NEAR((f.graph->maximum().x + f.graph->minimum().x) / 2, atCentre.x, 2 * perPixel);
-	EXPECT_EQ(f.rangeChanges(), 3u);
-	f.graph->zoomOut(centre, centre);
-	EXPECT_NEAR(f.xSpan(), 10 * 0.707 * 1.414, 2 * perPixel);
-	EXPECT_NE(f.graph->maximum(), VGuiGraphPoint(10, 1, 0));
-
-	// A drag of 11 by 11 pixels zooms to exactly that rectangle.
-	const VGuiPoint from(area.left + 40, area.top + 30);
-	const VGuiPoint to = from + VGuiPoint(11, 11);
-	VGuiGraphPoint topLeft;
-	VGuiGraphPoint bottomRight;
-	f.graph->inverseMap(topLeft, from);
-	f.graph->inverseMap(bottomRight, to);
-	f.graph->zoomIn(to, from);
-	EXPECT_NEAR(f.graph->minimum().x, topLeft.x, 1e-9);
-	EXPECT_NEAR(f.graph->maximum().x, bottomRight.x, 1e-9);
-	EXPECT_NEAR(f.graph->maximum().y, topLeft.y, 1e-9);
-	EXPECT_NEAR(f.graph->minimum().y, bottomRight.y, 1e-9);
-
 	// Panning moves the ranges with the pointer; a pan to where it started
-	// does nothing at all.
+	// does nothing at all. (Zooming is driven by the zoom cursors in the
+	// window tests.)
+	const VGuiRect& area = f.graph->plotArea();
+	const VGuiPoint from(area.left + 40, area.top + 30);
 	const VGuiGraphPoint max = f.graph->maximum();
 	const VGuiGraphPoint min = f.graph->minimum();
 	f.rangeChanges();
