@@ -82,33 +82,23 @@ struct Listener
 	std::vector<double> areas;
 };
 
-// Keeps the sections that the control's plot-edit listeners are told of.
+// Keeps the sections (and whether cancelled) that the control's plot-edit
+// listeners are told of.
 struct EditListener
 {
 	static bool heard(void* self, void* message)
 	{
 		auto* edit = static_cast<VGuiPlotEditMsg*>(message);
-		auto* listener = static_cast<EditListener*>(self);
-		listener->cancelled.push_back(edit->cancelled);
-		if (auto* p = dynamic_cast<VGuiParametricFilterSection*>(edit->section))
-			listener->peaks.push_back({p->q, p->centre, p->gain});
-		if (auto* s = dynamic_cast<VGuiShelvingFilterSection*>(edit->section))
-			listener->shelves.push_back({s->corner, s->slope, s->highShelf});
+		static_cast<EditListener*>(self)->edits.emplace_back(edit->section, edit->cancelled);
 		return false;
 	}
+	// The last section, of kind Section; null for another kind or none.
+	template <typename Section> const Section* last() const
+	{
+		return edits.empty() ? nullptr : dynamic_cast<const Section*>(edits.back().first.get());
+	}
 	OsiCallbackInstance member{&EditListener::heard, this};
-	std::vector<bool> cancelled;
-	struct Peak
-	{
-		double q, centre, gain;
-	};
-	struct Shelf
-	{
-		double corner, slope;
-		bool highShelf;
-	};
-	std::vector<Peak> peaks;
-	std::vector<Shelf> shelves;
+	std::vector<std::pair<VGuiReference<VGuiGenericFilterSection>, bool>> edits;
 };
 
 // One X11 window with a VSTGUI frame for the whole program, opened after the
@@ -203,11 +193,6 @@ public:
 	void drag(CPoint p)
 	{
 		MouseMoveEvent e(p, MouseButton::Left);
-		deliver(e);
-	}
-	void hover(CPoint p)
-	{
-		MouseMoveEvent e(p, MouseEventButtonState());
 		deliver(e);
 	}
 	void release(CPoint p, uint32_t clicks = 1)
@@ -607,12 +592,13 @@ TEST_P(GraphWindowGain, DragsAPeakingSectionShownWhileDraggingAndHandedOnAtTheEn
 		w.tap(VirtualKey::Escape);
 	w.release(to);
 	EXPECT_EQ(w.graph()->plotWithId(adjustPlot), nullptr);
-	ASSERT_EQ(w.edits.peaks.size(), 2u);
-	EXPECT_EQ(w.edits.cancelled.back(), c.escape);
-	const auto& peak = w.edits.peaks.back();
-	EXPECT_NEAR(peak.centre, 50.0, 1e-9);
-	EXPECT_NEAR(peak.gain, 2.0, 1e-9);
-	EXPECT_NEAR(peak.q, c.q, 1e-9);
+	ASSERT_EQ(w.edits.edits.size(), 2u);
+	EXPECT_EQ(w.edits.edits.back().second, c.escape);
+	const auto* peak = w.edits.last<VGuiParametricFilterSection>();
+	ASSERT_NE(peak, nullptr);
+	EXPECT_NEAR(peak->centre, 50.0, 1e-9);
+	EXPECT_NEAR(peak->gain, 2.0, 1e-9);
+	EXPECT_NEAR(peak->q, c.q, 1e-9);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -652,10 +638,11 @@ TEST_P(GraphWindowShelf, DragsAShelfWhoseSlopeIsLimitedTo9)
 		EXPECT_TRUE(w.cursorNear({from.x - reach / 2, from.y}));
 		EXPECT_TRUE(w.cursorNear({from.x + reach, to.y}));
 	});
-	ASSERT_EQ(w.edits.shelves.size(), 1u);
-	EXPECT_NEAR(w.edits.shelves[0].corner, 50.0, 1e-9);
-	EXPECT_NEAR(w.edits.shelves[0].slope, c.slope, 1e-6);
-	EXPECT_EQ(w.edits.shelves[0].highShelf, c.high);
+	const auto* shelf = w.edits.last<VGuiShelvingFilterSection>();
+	ASSERT_NE(shelf, nullptr);
+	EXPECT_NEAR(shelf->corner, 50.0, 1e-9);
+	EXPECT_NEAR(shelf->slope, c.slope, 1e-6);
+	EXPECT_EQ(shelf->highShelf, c.high);
 }
 
 INSTANTIATE_TEST_SUITE_P(, GraphWindowShelf,
@@ -665,78 +652,70 @@ INSTANTIATE_TEST_SUITE_P(, GraphWindowShelf,
                                            ShelfCase{false, 1e-8, 1e4, -9.0},
                                            ShelfCase{true, 1e4, 1e-8, -9.0}));
 
-struct IntegralCase
+struct MeasureCase
 {
 	const char* name;
+	bool integral; // otherwise the difference
+	VGuiGraphAxisType yType;
 	std::vector<double> path; // x of the press, then of each drag step
 	double multiplier;        // 0: none
 	double area;
+	const char* ending; // of the difference's text
 };
 
-using GraphWindowIntegral = ::testing::TestWithParam<IntegralCase>;
+using GraphWindowMeasure = ::testing::TestWithParam<MeasureCase>;
 
 // The data are 0.8 (x / 10)^2 at x = 0, 10, ..., 100.
-TEST_P(GraphWindowIntegral, SumsTheDataBetweenTheStartAndThePointer)
+TEST_P(GraphWindowMeasure, ReadsTheAreaOrTheDifferenceBetweenTheStartAndThePointer)
 {
-	const IntegralCase c = GetParam();
-	GraphWindow w;
+	const MeasureCase c = GetParam();
+	GraphWindow w(c.yType, c.yType == VGuiGraphLinearAxis ? 0.0 : 0.01, 100.0);
 	w.show(parabola(4));
 	GuiIntegralCursorMultiplier multiplier(c.multiplier, false);
 	if (c.multiplier > 0.0)
 		w.graph()->integralCursorMultiplier(&multiplier);
-	auto* cursor = w.use(new VGuiIntegralDataCursor(w.graph(), false, true));
-	cursor->measurementMessages.link(&w.measured.member);
+	VGuiGraph* g = w.graph();
+	w.use(c.integral ? static_cast<VGuiGraphCursor*>(new VGuiIntegralDataCursor(g, false, true))
+	                 : new VGuiDifferentialDataCursor(g, false, true))
+	    ->measurementMessages.link(&w.measured.member);
 	w.press(w.where(c.path.front(), 50.0));
 	for (size_t i = 1; i < c.path.size(); ++i)
 		w.drag(w.where(c.path[i], 50.0));
 	w.release(w.where(c.path.back(), 50.0));
-	ASSERT_FALSE(w.measured.areas.empty());
-	EXPECT_NEAR(w.measured.areas.back(), c.area, 1e-9);
+	ASSERT_FALSE(w.measured.texts.empty());
+	const std::string& text = w.measured.texts.back();
+	EXPECT_EQ(std::count(text.begin(), text.end(), ','), 2) << text;
+	if (c.integral)
+		EXPECT_NEAR(w.measured.areas.back(), c.area, 1e-9);
+	else
+		EXPECT_EQ(text.substr(text.size() - std::string(c.ending).size()), c.ending) << text;
 	w.graph()->integralCursorMultiplier(nullptr);
 }
 
+constexpr VGuiGraphAxisType linear = VGuiGraphLinearAxis;
+
 INSTANTIATE_TEST_SUITE_P(
-    , GraphWindowIntegral,
+    , GraphWindowMeasure,
     ::testing::Values(
         // (7.2 + 12.8 + 20 + 28.8) times 30 / 4 points.
-        IntegralCase{"Spacing", {30.0, 45.0, 60.0}, 0.0, 68.8 * 7.5},
-        IntegralCase{"Backwards", {60.0, 45.0, 30.0}, 0.0, 68.8 * 7.5},
-        IntegralCase{"Multiplier", {30.0, 45.0, 60.0}, 2.0, 68.8 * 2.0},
-        IntegralCase{"OnePointWithMultiplier", {30.0, 40.0, 30.0}, 2.0, 7.2 * 2.0},
-        IntegralCase{"OnePointWithoutIsNoWidth", {30.0, 40.0, 30.0}, 0.0, 0.0}),
+        MeasureCase{"Spacing", true, linear, {30.0, 45.0, 60.0}, 0.0, 68.8 * 7.5, ""},
+        MeasureCase{"Backwards", true, linear, {60.0, 45.0, 30.0}, 0.0, 68.8 * 7.5, ""},
+        MeasureCase{"Multiplier", true, linear, {30.0, 45.0, 60.0}, 2.0, 68.8 * 2.0, ""},
+        MeasureCase{"OnePointWithMultiplier", true, linear, {30.0, 40.0, 30.0}, 2.0, 14.4, ""},
+        MeasureCase{"OnePointWithoutIsNoWidth", true, linear, {30.0, 40.0, 30.0}, 0.0, 0.0, ""},
+        MeasureCase{"LinearDifference", false, linear, {30.0, 45.0, 60.0}, 0.0, 0.0, ", 21.6 "},
+        // 20 log10(7.2 / 28.8): the start over the current.
+        MeasureCase{"LogDifference", false, VGuiGraphLogAxis, {30.0, 60.0}, 0.0, 0.0, ", -12 dB"},
+        MeasureCase{"PowerDifference",
+                    false,
+                    VGuiGraphPowerDecibelAxis,
+                    {30.0, 60.0},
+                    0.0,
+                    0.0,
+                    ", -6.02 dB"},
+        MeasureCase{
+            "LogZero", false, VGuiGraphLogAxis, {0.0, 60.0}, 0.0, 0.0, ", <Can't display> "}),
     [](const auto& info) { return std::string(info.param.name); });
-
-struct DifferenceCase
-{
-	VGuiGraphAxisType yType;
-	double fromX;
-	double toX;
-	const char* ending;
-};
-
-using GraphWindowDifference = ::testing::TestWithParam<DifferenceCase>;
-
-TEST_P(GraphWindowDifference, ReadsTheDifferenceAsTheYAxisShowsIt)
-{
-	const DifferenceCase c = GetParam();
-	GraphWindow w(c.yType, c.yType == VGuiGraphLinearAxis ? 0.0 : 0.01, 100.0);
-	w.show(parabola(4));
-	auto* cursor = w.use(new VGuiDifferentialDataCursor(w.graph(), false, true));
-	cursor->measurementMessages.link(&w.measured.member);
-	w.dragFromTo(w.where(c.fromX, 50.0), w.where(c.toX, 50.0));
-	ASSERT_FALSE(w.measured.texts.empty());
-	const std::string& text = w.measured.texts.back();
-	EXPECT_EQ(text.substr(text.size() - std::string(c.ending).size()), c.ending) << text;
-	EXPECT_EQ(std::count(text.begin(), text.end(), ','), 2) << text;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    , GraphWindowDifference,
-    ::testing::Values(DifferenceCase{VGuiGraphLinearAxis, 30.0, 60.0, ", 21.6 "},
-                      // 20 log10(7.2 / 28.8): the start over the current.
-                      DifferenceCase{VGuiGraphLogAxis, 30.0, 60.0, ", -12 dB"},
-                      DifferenceCase{VGuiGraphPowerDecibelAxis, 30.0, 60.0, ", -6.02 dB"},
-                      DifferenceCase{VGuiGraphLogAxis, 0.0, 60.0, ", <Can't display> "}));
 
 // A spectrum of 143 bins 0.7 apart (up to x = 99.4), y = 1 + x.
 VGuiReference<VGuiGraphPlot> spectrum()
