@@ -13,7 +13,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
 #include <vector>
 
 namespace velora_test {
@@ -114,13 +113,12 @@ TEST(VGuiGfxButton, StateTransitionsAndRepaint)
 		VGuiRect repaint;
 		const VGuiPoint pointer = c.hit ? VGuiPoint(15, 15) : VGuiPoint(25, 15);
 		const bool changed = button.state(static_cast<VGuiGfxState>(c.state), pointer, repaint);
-		const std::string row = "state " + std::to_string(c.state) + " inside " +
-		                        std::to_string(c.inside) + " pressed " + std::to_string(c.pressed) +
-		                        " hit " + std::to_string(c.hit);
-		EXPECT_EQ(changed, c.changed) << row;
-		EXPECT_EQ(button.inside(), c.insideAfter) << row;
-		EXPECT_EQ(button.pressed(), c.pressedAfter) << row;
-		EXPECT_EQ(repaint, c.changed ? extent : VGuiRect()) << row;
+		SCOPED_TRACE(::testing::Message() << "state " << c.state << " inside " << c.inside
+		                                  << " pressed " << c.pressed << " hit " << c.hit);
+		EXPECT_EQ(changed, c.changed);
+		EXPECT_EQ(button.inside(), c.insideAfter);
+		EXPECT_EQ(button.pressed(), c.pressedAfter);
+		EXPECT_EQ(repaint, c.changed ? extent : VGuiRect());
 	}
 	VGuiGfxButton button(extent, kInk, kInk, false, false);
 	VGuiRect repaint(0, 0, 5, 5);
