@@ -32,14 +32,10 @@
 #include "osi/numerics/osiapproximatenormaldeviate.h"
 #include "osi/numerics/osifourier.h"
 
-#include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/cframe.h"
-#include "vstgui/lib/cgraphicstransform.h"
-#include "vstgui/lib/coffscreencontext.h"
 #include "vstgui/lib/controls/ctextlabel.h"
 #include "vstgui/lib/events.h"
 #include "vstgui/lib/platform/iplatformframecallback.h"
-#include "vstgui/lib/platform/platformfactory.h"
 #include "vstgui/lib/vstguiinit.h"
 
 #include <cmath>
@@ -272,21 +268,7 @@ public:
 
 	bool write(const std::string& path)
 	{
-		const auto context =
-		    VSTGUI::COffscreenContext::create(frame->getViewSize().getSize() * kScale);
-		if (!context)
-			return false;
-		context->beginDraw();
-		context->setDrawMode(VSTGUI::kAntiAliasing);
-		{
-			const VSTGUI::CDrawContext::Transform scaled(
-			    *context, VSTGUI::CGraphicsTransform().scale(kScale, kScale));
-			frame->drawRect(context, frame->getViewSize());
-		}
-		context->endDraw();
-		const auto bytes = VSTGUI::getPlatformFactory().createBitmapMemoryPNGRepresentation(
-		    context->getBitmap()->getPlatformBitmap());
-		return save(std::vector<unsigned char>(bytes.begin(), bytes.end()), path);
+		return save(VGuiGraphPictureView::png(*frame, kScale), path);
 	}
 
 	VGuiGraphControl* control = new VGuiGraphControl(

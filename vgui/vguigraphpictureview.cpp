@@ -25,9 +25,9 @@ void VGuiGraphPictureView::draw(VSTGUI::CDrawContext* context)
 	setDirty(false);
 }
 
-std::vector<unsigned char> VGuiGraphPictureView::png(double scale)
+std::vector<unsigned char> VGuiGraphPictureView::png(VSTGUI::CView& view, double scale)
 {
-	const auto context = VSTGUI::COffscreenContext::create(getViewSize().getSize() * scale);
+	const auto context = VSTGUI::COffscreenContext::create(view.getViewSize().getSize() * scale);
 	if (!context)
 		return {};
 	context->beginDraw();
@@ -35,7 +35,7 @@ std::vector<unsigned char> VGuiGraphPictureView::png(double scale)
 	{
 		const VSTGUI::CDrawContext::Transform scaled(
 		    *context, VSTGUI::CGraphicsTransform().scale(scale, scale));
-		draw(context);
+		view.drawRect(context, view.getViewSize());
 	}
 	context->endDraw();
 	const auto bytes = VSTGUI::getPlatformFactory().createBitmapMemoryPNGRepresentation(

@@ -22,7 +22,9 @@ public:
 	void draw(VSTGUI::CDrawContext* context) override;
 	// The graph painted at scale times the view's size, as PNG bytes; empty
 	// when drawing fails.
-	std::vector<unsigned char> png(double scale = 1.0);
+	std::vector<unsigned char> png(double scale = 1.0) { return png(*this, scale); }
+	// Any view (a whole frame, say) painted alike.
+	static std::vector<unsigned char> png(VSTGUI::CView& view, double scale);
 
 	VGuiGraph* graph() const { return shown.get(); }
 
