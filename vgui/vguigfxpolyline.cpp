@@ -39,10 +39,11 @@ void VGuiGfxPolyline::draw(VSTGUI::CDrawContext* context, const VGuiRect& update
 	if (points.size() < 2)
 		return;
 	// A long curve repainted in a small rectangle (a cursor moving over it)
-	// strokes only the runs of segments that reach into the rectangle. A
-	// filled or dashed line keeps its whole path: its fill and its dashes
-	// depend on all of it.
-	const VGuiRect reach = grown(update, lineWidth() / 2.0 + 1.0);
+	// strokes only the runs of segments that come within reach of the
+	// rectangle: a mitred corner reaches up to the miter limit (10) times
+	// half the width beyond its point. A filled or dashed line keeps its
+	// whole path: its fill and its dashes depend on all of it.
+	const VGuiRect reach = grown(update, 5.0 * lineWidth() + 1.0);
 	const bool whole = fillColour().alpha != 0 || lineStyle().getDashCount() != 0;
 	drawShape(context, [&](VSTGUI::CGraphicsPath& path) {
 		bool inRun = false;

@@ -92,11 +92,6 @@ struct EditListener
 		static_cast<EditListener*>(self)->edits.emplace_back(edit->section, edit->cancelled);
 		return false;
 	}
-	// The last section, of kind Section; null for another kind or none.
-	template <typename Section> const Section* last() const
-	{
-		return edits.empty() ? nullptr : dynamic_cast<const Section*>(edits.back().first.get());
-	}
 	OsiCallbackInstance member{&EditListener::heard, this};
 	std::vector<std::pair<VGuiReference<VGuiGenericFilterSection>, bool>> edits;
 };
@@ -571,7 +566,7 @@ TEST_P(GraphWindowGain, DragsAPeakingSectionShownWhileDraggingAndHandedOnAtTheEn
 	EXPECT_EQ(w.graph()->plotWithId(adjustPlot), nullptr);
 	ASSERT_EQ(w.edits.edits.size(), 2u);
 	EXPECT_EQ(w.edits.edits.back().second, c.escape);
-	const auto* peak = w.edits.last<VGuiParametricFilterSection>();
+	const auto* peak = dynamic_cast<VGuiParametricFilterSection*>(w.edits.edits[1].first.get());
 	ASSERT_NE(peak, nullptr);
 	EXPECT_NEAR(peak->centre, 50.0, 1e-9);
 	EXPECT_NEAR(peak->gain, 2.0, 1e-9);
@@ -615,7 +610,8 @@ TEST_P(GraphWindowShelf, DragsAShelfWhoseSlopeIsLimitedTo9)
 		EXPECT_TRUE(w.cursorNear({from.x - reach / 2, from.y}));
 		EXPECT_TRUE(w.cursorNear({from.x + reach, to.y}));
 	});
-	const auto* shelf = w.edits.last<VGuiShelvingFilterSection>();
+	ASSERT_EQ(w.edits.edits.size(), 1u);
+	const auto* shelf = dynamic_cast<VGuiShelvingFilterSection*>(w.edits.edits[0].first.get());
 	ASSERT_NE(shelf, nullptr);
 	EXPECT_NEAR(shelf->corner, 50.0, 1e-9);
 	EXPECT_NEAR(shelf->slope, c.slope, 1e-6);
@@ -703,19 +699,13 @@ VGuiReference<VGuiGraphPlot> spectrum()
 	return VGuiReference<VGuiGraphPlot>::adopt(new VGuiLinePlot(5, data.get()));
 }
 
-// The bins nearest to 2, 3, ... times f0 (the later of two equally near),
+// f0 and the bins at 2, 3, ... times it (f0 is a bin, so they are bins),
 // for the multiples that the data reach, up to ten entries with f0.
 std::vector<double> harmonicsOf(double f0)
 {
 	std::vector<double> found{f0};
 	for (int k = 2; k <= 10 && k * f0 <= 0.7 * 142; ++k)
-	{
-		double best = 0.0;
-		for (int i = 0; i < 143; ++i)
-			if (std::fabs(0.7 * i - k * f0) <= std::fabs(best - k * f0))
-				best = 0.7 * i;
-		found.push_back(best);
-	}
+		found.push_back(0.7 * std::round(k * f0 / 0.7));
 	return found;
 }
 
