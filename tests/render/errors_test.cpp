@@ -27,9 +27,10 @@ protected:
 
 	// Runs the tool and checks the status, the message (one line, containing
 	// `message`) and that the folder is as it was.
-	void expectRefusal(const std::vector<std::string>& args, int status, const std::string& message)
+	void expectRefusal(const std::vector<std::string>& args, int status, const std::string& message,
+	                   long fileSizeLimit = 0)
 	{
-		const RenderRun run = render(args);
+		const RenderRun run = render(args, fileSizeLimit);
 		EXPECT_EQ(run.status, status) << run.err;
 		EXPECT_EQ(run.err.rfind("velora-render: ", 0), 0u) << run.err;
 		EXPECT_NE(run.err.find(message), std::string::npos) << run.err;
@@ -107,6 +108,35 @@ TEST_F(ErrorTest, OutputsThatCannotBeWritten)
 	writeSine(path("odd.wav"), 4410, 44100, 440.0, 0.5);
 	before = folderContents();
 	expectRefusal({"--in", "odd.wav", "--out", "out.opus"}, 1, "cannot write output 'out.opus'");
+}
+
+TEST_F(ErrorTest, AFullDiskLeavesNoPartialFileAndTheEarlierOneUntouched)
+{
+	// One frame renders to a file smaller than the plug-in's saved state.
+	writeSine(path("one.wav"), 1, 48000, 440.0, 0.5);
+	writeText(path("out.state"), kEarlier);
+	before = folderContents();
+	struct Case
+	{
+		std::vector<std::string> args;
+		long limit;
+		const char* message;
+	};
+	const Case cases[] = {
+	    {{"--in", "sine.wav", "--out", "out.wav"}, 4096, "cannot write output 'out.wav'"},
+	    {{"--in", "sine.wav", "--out", "new.wav"}, 4096, "cannot write output 'new.wav'"},
+	    {{"--in", "one.wav", "--out", "new.wav", "--save-state", "out.state"},
+	     100,
+	     "cannot write state 'out.state'"},
+	    {{"--in", "one.wav", "--out", "new.wav", "--save-state", "new.state"},
+	     100,
+	     "cannot write state 'new.state'"},
+	};
+	for (const Case& c : cases)
+	{
+		expectRefusal(c.args, 1, c.message, c.limit);
+		EXPECT_EQ(readBytes(path("out.state")), kEarlier);
+	}
 }
 
 TEST_F(ErrorTest, MalformedAutomationNamesFileAndLine)

@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -50,7 +51,7 @@ std::string RenderTest::path(const std::string& name) const
 	return folder + "/" + name;
 }
 
-int RenderTest::start(const std::vector<std::string>& args) const
+int RenderTest::start(const std::vector<std::string>& args, long fileSizeLimit) const
 {
 	const std::string program = tool();
 	std::vector<char*> argv;
@@ -70,6 +71,14 @@ int RenderTest::start(const std::vector<std::string>& args) const
 			_exit(127);
 		dup2(out, STDOUT_FILENO);
 		dup2(err, STDERR_FILENO);
+		if (fileSizeLimit > 0)
+		{
+			// A write past the limit then fails with EFBIG instead of killing.
+			signal(SIGXFSZ, SIG_IGN);
+			const struct rlimit limit = {static_cast<rlim_t>(fileSizeLimit),
+			                             static_cast<rlim_t>(fileSizeLimit)};
+			setrlimit(RLIMIT_FSIZE, &limit);
+		}
 		execv(program.c_str(), argv.data());
 		_exit(127);
 	}
@@ -92,9 +101,9 @@ RenderRun RenderTest::finish(int pid) const
 	return run;
 }
 
-RenderRun RenderTest::render(const std::vector<std::string>& args) const
+RenderRun RenderTest::render(const std::vector<std::string>& args, long fileSizeLimit) const
 {
-	return finish(start(args));
+	return finish(start(args, fileSizeLimit));
 }
 
 std::vector<std::string> RenderTest::folderContents() const

@@ -25,10 +25,12 @@ protected:
 
 	// A path in the test's scratch folder.
 	std::string path(const std::string& name) const;
-	// Runs the tool with `args` in the scratch folder and waits for it.
-	RenderRun render(const std::vector<std::string>& args) const;
+	// Runs the tool with `args` in the scratch folder and waits for it. A
+	// non-zero `fileSizeLimit` (bytes) makes every write past it fail, as on a
+	// full disk.
+	RenderRun render(const std::vector<std::string>& args, long fileSizeLimit = 0) const;
 	// Starts the tool without waiting; returns its process id.
-	int start(const std::vector<std::string>& args) const;
+	int start(const std::vector<std::string>& args, long fileSizeLimit = 0) const;
 	RenderRun finish(int pid) const;
 	// The names in the scratch folder, hidden ones included.
 	std::vector<std::string> folderContents() const;
