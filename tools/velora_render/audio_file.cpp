@@ -8,8 +8,6 @@
 namespace velora_render {
 namespace {
 
-constexpr int kChunkFrames = 4096;
-
 std::string formatName(int format, int command)
 {
 	SF_FORMAT_INFO info = {};
@@ -40,8 +38,12 @@ InputFile::InputFile(const std::string& p) : path(p)
 		sf_close(file);
 		throw runtimeError("cannot read input '" + path + "': no audio channels");
 	}
-	if (info.channels > 1)
-		interleaved.resize(static_cast<std::size_t>(kChunkFrames) * info.channels);
+	// libsndfile converts 16-bit samples through a small buffer, a system
+	// call per few thousand frames; read as stored they come in one call, and
+	// the scale here is its own (exact: a power of two).
+	const int major = info.format & SF_FORMAT_TYPEMASK;
+	plainShorts = (info.format & SF_FORMAT_SUBMASK) == SF_FORMAT_PCM_16 &&
+	              major != SF_FORMAT_FLAC && major != SF_FORMAT_OGG;
 }
 
 InputFile::~InputFile()
@@ -49,31 +51,54 @@ InputFile::~InputFile()
 	sf_close(file);
 }
 
-int InputFile::read(float* mono, int count)
+namespace {
+
+sf_count_t readFrames(SNDFILE* file, short* frames, int count)
+{
+	return sf_readf_short(file, frames, count);
+}
+
+sf_count_t readFrames(SNDFILE* file, float* frames, int count)
+{
+	return sf_readf_float(file, frames, count);
+}
+
+} // namespace
+
+template <typename Sample>
+sf_count_t InputFile::readMixed(std::vector<Sample>& frames, float scale, float* mono, int count)
 {
 	const int channels = info.channels;
-	int done = 0;
-	while (done < count)
-	{
-		const int want = std::min(count - done, kChunkFrames);
-		float* target = channels == 1 ? mono + done : interleaved.data();
-		const sf_count_t got = sf_readf_float(file, target, want);
-		if (sf_error(file) != SF_ERR_NO_ERROR)
-			throw runtimeError("cannot read input '" + path + "': " + sf_strerror(file));
-		if (channels > 1)
-			for (sf_count_t i = 0; i < got; ++i)
-			{
-				// The plain average of the channels: a mix that cannot clip.
-				float sum = 0.0f;
-				for (int c = 0; c < channels; ++c)
-					sum += interleaved[static_cast<std::size_t>(i * channels + c)];
-				mono[done + i] = sum / static_cast<float>(channels);
-			}
-		done += static_cast<int>(got);
-		if (got < want)
-			break;
-	}
-	return done;
+	frames.resize(static_cast<std::size_t>(count) * static_cast<std::size_t>(channels));
+	const sf_count_t got = readFrames(file, frames.data(), count);
+	const Sample* in = frames.data();
+	if (channels == 1)
+		for (sf_count_t i = 0; i < got; ++i)
+			mono[i] = static_cast<float>(in[i]) * scale;
+	else
+		for (sf_count_t i = 0; i < got; ++i, in += channels)
+		{
+			// The plain average of the channels: a mix that cannot clip.
+			float sum = 0.0f;
+			for (int c = 0; c < channels; ++c)
+				sum += static_cast<float>(in[c]) * scale;
+			mono[i] = sum / static_cast<float>(channels);
+		}
+	return got;
+}
+
+int InputFile::read(float* mono, int count)
+{
+	sf_count_t got = 0;
+	if (plainShorts)
+		got = readMixed(shortFrames, 1.0f / 32768.0f, mono, count);
+	else if (info.channels == 1)
+		got = sf_readf_float(file, mono, count);
+	else
+		got = readMixed(floatFrames, 1.0f, mono, count);
+	if (sf_error(file) != SF_ERR_NO_ERROR)
+		throw runtimeError("cannot read input '" + path + "': " + sf_strerror(file));
+	return static_cast<int>(got);
 }
 
 std::string InputFile::description() const
@@ -87,8 +112,7 @@ std::string InputFile::description() const
 }
 
 OutputFile::OutputFile(const std::string& path, const OutputFormat& format, double sampleRate)
-: pending(path, "output"),
-  interleaved(2 * static_cast<std::size_t>(kChunkFrames))
+: pending(path, "output")
 {
 	SF_INFO info = {};
 	info.samplerate = static_cast<int>(sampleRate);
@@ -112,20 +136,10 @@ OutputFile::~OutputFile()
 		sf_close(file);
 }
 
-void OutputFile::write(const float* left, const float* right, int frames)
+void OutputFile::write(const float* stereo, int frames)
 {
-	for (int done = 0; done < frames;)
-	{
-		const int n = std::min(frames - done, kChunkFrames);
-		for (int i = 0; i < n; ++i)
-		{
-			interleaved[2 * static_cast<std::size_t>(i)] = left[done + i];
-			interleaved[2 * static_cast<std::size_t>(i) + 1] = right[done + i];
-		}
-		if (sf_writef_float(file, interleaved.data(), n) != n)
-			fail();
-		done += n;
-	}
+	if (sf_writef_float(file, stereo, frames) != frames)
+		fail();
 }
 
 void OutputFile::commit()

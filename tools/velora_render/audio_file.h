@@ -1,5 +1,5 @@
-// Audio files through libsndfile: the input, read and mixed to mono block by
-// block, and the stereo output, written to a pending file that takes the
+// Audio files through libsndfile: the input, read and mixed to mono a chunk
+// at a time, and the stereo output, written to a pending file that takes the
 // target's name only when it is complete.
 #pragma once
 
@@ -32,10 +32,15 @@ public:
 	std::string description() const override;
 
 private:
+	template <typename Sample>
+	sf_count_t readMixed(std::vector<Sample>& frames, float scale, float* mono, int count);
+
 	std::string path;
 	SF_INFO info = {};
 	SNDFILE* file = nullptr;
-	std::vector<float> interleaved; // one block of all channels, for the mix
+	bool plainShorts = false;       // 16-bit PCM: read as stored, scaled here
+	std::vector<short> shortFrames; // one read of all channels
+	std::vector<float> floatFrames;
 };
 
 class OutputFile
@@ -46,8 +51,8 @@ public:
 	OutputFile(const OutputFile&) = delete;
 	OutputFile& operator=(const OutputFile&) = delete;
 
-	// Writes `frames` frames of the two channels.
-	void write(const float* left, const float* right, int frames);
+	// Writes `frames` frames of interleaved left and right samples.
+	void write(const float* stereo, int frames);
 	// Completes the file and moves it into place.
 	void commit();
 
@@ -59,7 +64,6 @@ private:
 	PendingFile pending;
 	SNDFILE* file = nullptr;
 	bool integerSamples = false;
-	std::vector<float> interleaved;
 };
 
 } // namespace velora_render

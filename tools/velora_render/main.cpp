@@ -116,7 +116,8 @@ void render(const Options& options)
 	RenderReport report;
 	Progress progress(!options.quiet, source->frames(), source->sampleRate());
 	const auto started = std::chrono::steady_clock::now();
-	renderThrough(*source, session, pan.curve, output, options.blockSize, report.levels, progress);
+	renderThrough(*source, session, pan.curve, output, options.blockSize, report.levels,
+	              [&progress](std::int64_t done) { progress.update(done); });
 	report.elapsedSeconds =
 	    std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
 	progress.finish();

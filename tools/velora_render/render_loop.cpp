@@ -4,13 +4,36 @@
 #include "interruption.h"
 #include "pan_schedule.h"
 
+#include <algorithm>
 #include <csignal>
 #include <cstring>
+#include <vector>
 
 namespace velora_render {
+namespace {
+
+constexpr int kChunkTarget = 32768; // frames per read and write, about
+
+// A whole number of blocks, so that blocks fall where they would one at a time.
+int chunkFrames(int blockSize)
+{
+	return blockSize * std::max(1, kChunkTarget / blockSize);
+}
+
+void interleave(const float* left, const float* right, int frames, float* stereo)
+{
+	for (int i = 0; i < frames; ++i)
+	{
+		stereo[2 * i] = left[i];
+		stereo[2 * i + 1] = right[i];
+	}
+}
+
+} // namespace
 
 void renderThrough(AudioSource& source, HostSession& session, const PanCurve& pan,
-                   OutputFile& output, int blockSize, StereoStats& levels, Progress& progress)
+                   OutputFile& output, int blockSize, StereoStats& levels,
+                   const RenderProgress& progress)
 {
 	const double rate = source.sampleRate();
 	PanSchedule schedule;
@@ -18,21 +41,31 @@ void renderThrough(AudioSource& source, HostSession& session, const PanCurve& pa
 	session.process(0, schedule.next(start));
 	session.process(0, schedule.next(start));
 
+	const int chunk = chunkFrames(blockSize);
+	std::vector<float> mono(static_cast<std::size_t>(chunk));
+	std::vector<float> stereo(2 * static_cast<std::size_t>(chunk));
 	std::int64_t position = 0;
 	for (;;)
 	{
 		if (const int signal = interruption())
 			throw Failure(128 + signal, std::string("interrupted (") + strsignal(signal) +
 			                                "); nothing was written");
-		const int frames = source.read(session.input(), blockSize);
+		const int frames = source.read(mono.data(), chunk);
 		if (frames == 0)
 			break;
-		position += frames;
-		const double value = session.normalisedPan(pan.at(static_cast<double>(position) / rate));
-		session.process(frames, schedule.next(value));
-		output.write(session.left(), session.right(), frames);
-		levels.add(session.left(), session.right(), frames);
-		progress.update(position);
+		for (int done = 0; done < frames; done += blockSize)
+		{
+			const int n = std::min(blockSize, frames - done);
+			std::copy_n(mono.data() + done, n, session.input());
+			position += n;
+			const double value =
+			    session.normalisedPan(pan.at(static_cast<double>(position) / rate));
+			session.process(n, schedule.next(value));
+			interleave(session.left(), session.right(), n, stereo.data() + 2 * done);
+			levels.add(session.left(), session.right(), n);
+		}
+		output.write(stereo.data(), frames);
+		progress(position);
 	}
 }
 
