@@ -61,7 +61,7 @@ TEST_F(ErrorTest, CommandLineMistakesExitWithTwo)
 	expectRefusal(with({"--sweep", "-90:100"}), 2, "100 degrees is outside -90..90");
 	expectRefusal(with({"--sweep", "a:b"}), 2, "'a' is not a number");
 	expectRefusal(with({"--pan", "10", "--sweep", "0:1"}), 2, "give only one of");
-	expectRefusal(with({"--block", "0"}), 2, "--block: '0' is not a block size");
+	expectRefusal(with({"--block", "0"}), 2, "--block: '0' is not a block size in frames");
 	expectRefusal(with({"--block", "100000"}), 2, "--block");
 	expectRefusal(with({"--block", "12.5"}), 2, "--block");
 	expectRefusal(with({"--encoding", "pcm8"}), 2, "--encoding: unknown encoding 'pcm8'");
@@ -69,7 +69,21 @@ TEST_F(ErrorTest, CommandLineMistakesExitWithTwo)
 	expectRefusal(with({"--frobnicate"}), 2, "unknown option '--frobnicate'");
 	expectRefusal(with({"--quiet=yes"}), 2, "--quiet takes no value");
 	expectRefusal(with({"extra.wav"}), 2, "unexpected argument 'extra.wav'");
-	expectRefusal(with({"--in", "sine.wav"}), 2, "--in is given more than once");
+	expectRefusal(with({"--in", "sine.wav"}), 2, "several inputs need --out-dir DIR");
+	expectRefusal(with({"--out-dir", "o"}), 2, "give --out FILE or --out-dir DIR, not both");
+	expectRefusal(with({"--jobs", "2"}), 2, "--jobs is for a batch: give --out-dir DIR");
+	expectRefusal({"--out-dir", "o"}, 2, "--out-dir needs inputs");
+	expectRefusal({"--in-dir", "none", "--out-dir", "o"}, 2, "--in-dir: 'none' is not a folder");
+	expectRefusal({"-i", "sine.wav", "--out-dir", "o", "--recursive"}, 2,
+	              "--recursive needs --in-dir");
+	expectRefusal({"-i", "sine.wav", "--out-dir", "o", "--jobs", "0"}, 2,
+	              "--jobs: '0' is not a number of files at once from 1 to 127");
+	expectRefusal({"-i", "sine.wav", "--out-dir", "o", "--format", "mp4"}, 2,
+	              "cannot tell the output format");
+	expectRefusal({"-i", "sine.wav", "--out-dir", "o", "--save-state", "s"}, 2,
+	              "--save-state takes the state after one render");
+	expectRefusal({"-i", "sine.wav", "-i", "./sine.wav", "--out-dir", "o"}, 2,
+	              "two inputs would both be rendered to 'o/sine.wav'");
 	expectRefusal({"--in", "sine.wav"}, 2, "no output file");
 	expectRefusal({"--out", "out.mp4"}, 2, "cannot tell the output format from '.mp4'");
 	expectRefusal({"--out", "out.flac", "--encoding", "float"}, 2,

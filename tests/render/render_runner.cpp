@@ -51,7 +51,8 @@ std::string RenderTest::path(const std::string& name) const
 	return folder + "/" + name;
 }
 
-int RenderTest::start(const std::vector<std::string>& args, long fileSizeLimit) const
+int RenderTest::start(const std::vector<std::string>& args, long fileSizeLimit,
+                      int* stdoutPipe) const
 {
 	const std::string program = tool();
 	std::vector<char*> argv;
@@ -62,10 +63,14 @@ int RenderTest::start(const std::vector<std::string>& args, long fileSizeLimit) 
 	const std::string outPath = folder + "/.stdout";
 	const std::string errPath = folder + "/.stderr";
 
+	int pipeEnds[2] = {-1, -1};
+	if (stdoutPipe && pipe(pipeEnds) != 0)
+		return -1;
 	const pid_t pid = fork();
 	if (pid == 0)
 	{
-		const int out = open(outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+		const int out =
+		    stdoutPipe ? pipeEnds[1] : open(outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
 		const int err = open(errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
 		if (out < 0 || err < 0 || chdir(folder.c_str()) != 0)
 			_exit(127);
@@ -79,8 +84,15 @@ int RenderTest::start(const std::vector<std::string>& args, long fileSizeLimit) 
 			                             static_cast<rlim_t>(fileSizeLimit)};
 			setrlimit(RLIMIT_FSIZE, &limit);
 		}
+		if (stdoutPipe)
+			close(pipeEnds[0]);
 		execv(program.c_str(), argv.data());
 		_exit(127);
+	}
+	if (stdoutPipe)
+	{
+		close(pipeEnds[1]);
+		*stdoutPipe = pipeEnds[0];
 	}
 	return pid;
 }

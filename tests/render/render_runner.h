@@ -29,8 +29,11 @@ protected:
 	// non-zero `fileSizeLimit` (bytes) makes every write past it fail, as on a
 	// full disk.
 	RenderRun render(const std::vector<std::string>& args, long fileSizeLimit = 0) const;
-	// Starts the tool without waiting; returns its process id.
-	int start(const std::vector<std::string>& args, long fileSizeLimit = 0) const;
+	// Starts the tool without waiting; returns its process id. With
+	// `stdoutPipe`, its standard output goes to a pipe whose reading end
+	// this returns there, to be closed after finish.
+	int start(const std::vector<std::string>& args, long fileSizeLimit = 0,
+	          int* stdoutPipe = nullptr) const;
 	RenderRun finish(int pid) const;
 	// The names in the scratch folder, hidden ones included.
 	std::vector<std::string> folderContents() const;

@@ -29,4 +29,9 @@ std::string defaultBundlePath()
 	                   installed.string() + "; build it, or name one with --plugin");
 }
 
+std::string bundlePathFor(const std::string& pluginOption)
+{
+	return pluginOption.empty() ? defaultBundlePath() : pluginOption;
+}
+
 } // namespace velora_render

@@ -9,4 +9,7 @@ namespace velora_render {
 // runtime failure naming both places when neither exists.
 std::string defaultBundlePath();
 
+// The bundle given with --plugin, or the default one.
+std::string bundlePathFor(const std::string& pluginOption);
+
 } // namespace velora_render

@@ -1,16 +1,18 @@
 #include "interruption.h"
 
+#include <atomic>
 #include <csignal>
 #include <initializer_list>
 
 namespace velora_render {
 namespace {
 
-volatile std::sig_atomic_t caught = 0;
+// Read by the threads that render: lock-free, so the handler may set it.
+std::atomic<int> caught{0};
 
 void onSignal(int signal)
 {
-	caught = signal;
+	caught.store(signal, std::memory_order_relaxed);
 }
 
 } // namespace
@@ -26,7 +28,7 @@ void catchInterruptions()
 
 int interruption()
 {
-	return caught;
+	return caught.load(std::memory_order_relaxed);
 }
 
 } // namespace velora_render

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <map>
+#include <utility>
 
 namespace velora_render {
 namespace {
@@ -47,13 +48,42 @@ PanOption sweepFrom(const std::string& text)
 	return pan;
 }
 
-int blockSizeFrom(const std::string& text)
+int countFrom(const std::string& option, const std::string& text, int most, const char* what)
 {
 	const auto value = parseInteger(text);
-	if (!value || *value < 1 || *value > kMaxBlockSize)
-		throw usageError("--block: '" + text + "' is not a block size from 1 to " +
-		                 std::to_string(kMaxBlockSize) + " frames");
+	if (!value || *value < 1 || *value > most)
+		throw usageError(option + ": '" + text + "' is not " + what + " from 1 to " +
+		                 std::to_string(most));
 	return static_cast<int>(*value);
+}
+
+// What a batch cannot take, and what one file cannot; all before any work.
+void checkBatch(const Options& o)
+{
+	if (!isBatch(o))
+	{
+		if (!o.inputFolder.empty() || o.inputPaths.size() > 1)
+			throw usageError("several inputs need --out-dir DIR (see --help)");
+		const std::pair<const char*, bool> batchOnly[] = {{"--recursive", o.recursive},
+		                                                  {"--format", !o.format.empty()},
+		                                                  {"--jobs", o.jobs > 0},
+		                                                  {"--force", o.force},
+		                                                  {"--report", !o.reportPath.empty()}};
+		for (const auto& [option, given] : batchOnly)
+			if (given)
+				throw usageError(std::string(option) + " is for a batch: give --out-dir DIR");
+		return;
+	}
+	if (!o.outputPath.empty())
+		throw usageError("give --out FILE or --out-dir DIR, not both");
+	if (o.inputPaths.empty() && o.inputFolder.empty())
+		throw usageError("--out-dir needs inputs: --in FILE or --in-dir DIR");
+	if (o.recursive && o.inputFolder.empty())
+		throw usageError("--recursive needs --in-dir DIR");
+	if (!o.saveStatePath.empty())
+		throw usageError("--save-state takes the state after one render: not with --out-dir");
+	if (!o.format.empty())
+		outputFormatFor("batch." + o.format, o.encoding);
 }
 
 void setOnce(std::string& field, const std::string& value, const std::string& option)
@@ -71,11 +101,30 @@ using FlagHandler = std::function<void(Options&)>;
 const std::map<std::string, ValueHandler>& valueOptions()
 {
 	static const std::map<std::string, ValueHandler> handlers = {
-	    {"--in", [](Options& o, const std::string& v) { setOnce(o.inputPath, v, "--in"); }},
+	    {"--in",
+	     [](Options& o, const std::string& v) {
+		     if (v.empty())
+			     throw usageError("--in needs a file name");
+		     o.inputPaths.push_back(v);
+	     }},
+	    {"--out-dir",
+	     [](Options& o, const std::string& v) { setOnce(o.outputFolder, v, "--out-dir"); }},
+	    {"--in-dir",
+	     [](Options& o, const std::string& v) { setOnce(o.inputFolder, v, "--in-dir"); }},
+	    {"--format", [](Options& o, const std::string& v) { setOnce(o.format, v, "--format"); }},
+	    {"--jobs",
+	     [](Options& o, const std::string& v) {
+		     o.jobs = countFrom("--jobs", v, kMaxJobs, "a number of files at once");
+	     }},
+	    {"--report",
+	     [](Options& o, const std::string& v) { setOnce(o.reportPath, v, "--report"); }},
 	    {"--out", [](Options& o, const std::string& v) { setOnce(o.outputPath, v, "--out"); }},
 	    {"--plugin",
 	     [](Options& o, const std::string& v) { setOnce(o.pluginPath, v, "--plugin"); }},
-	    {"--block", [](Options& o, const std::string& v) { o.blockSize = blockSizeFrom(v); }},
+	    {"--block",
+	     [](Options& o, const std::string& v) {
+		     o.blockSize = countFrom("--block", v, kMaxBlockSize, "a block size in frames");
+	     }},
 	    {"--pan",
 	     [](Options& o, const std::string& v) {
 		     PanOption pan;
@@ -106,6 +155,9 @@ const std::map<std::string, FlagHandler>& flagOptions()
 {
 	static const std::map<std::string, FlagHandler> handlers = {
 	    {"--quiet", [](Options& o) { o.quiet = true; }},
+	    {"--recursive", [](Options& o) { o.recursive = true; }},
+	    {"--force", [](Options& o) { o.force = true; }},
+	    {"--progress", [](Options& o) { o.progress = true; }},
 	    {"--help", [](Options& o) { o.help = true; }},
 	    {"--version", [](Options& o) { o.version = true; }},
 	};
@@ -154,8 +206,11 @@ Options parseArguments(int argc, const char* const* argv)
 		}
 		handler->second(options, value);
 	}
-	if (!options.help && !options.version && options.outputPath.empty())
+	if (options.help || options.version)
+		return options;
+	if (options.outputPath.empty() && options.outputFolder.empty())
 		throw usageError("no output file: give --out FILE (see --help)");
+	checkBatch(options);
 	return options;
 }
 
@@ -184,6 +239,18 @@ input (mono, or mixed to mono) is panned to a stereo output file.
       --plugin PATH       the TorvikVelora.vst3 bundle (default: the one built
                           next to this tool, then ~/.vst3/TorvikVelora.vst3)
       --block N           frames per process call, 1 to 65536 (default 512)
+
+A batch: many files in one call, rendered in parallel.
+      --out-dir DIR       render every input into DIR, mirroring the inputs'
+                          tree (with --in, each file by its name)
+      --in-dir DIR        render the audio files in DIR (by extension)
+      --recursive         and in its subfolders
+      --format EXT        the outputs' format (default: each input's own)
+      --jobs N            files at once, 1 to 127 (default: one per core)
+      --force             render again what is up to date: an output newer
+                          than its input, made with the same options
+      --report FILE       one JSON record per file, and the summary
+      --progress          the progress line also when stderr is no terminal
   -q, --quiet             no report, notices or progress; errors only
   -h, --help              this text
   -V, --version           the tool's version

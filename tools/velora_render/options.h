@@ -4,6 +4,7 @@
 #include "output_format.h"
 
 #include <string>
+#include <vector>
 
 namespace velora_render {
 
@@ -24,8 +25,18 @@ struct PanOption
 
 struct Options
 {
-	std::string inputPath; // empty: the built-in test signal
+	std::vector<std::string> inputPaths; // none: the built-in test signal
 	std::string outputPath;
+	// A batch: every input (and the audio files under inputFolder) rendered
+	// into outputFolder, mirroring the inputs' tree.
+	std::string outputFolder;
+	std::string inputFolder;
+	bool recursive = false;
+	std::string format; // the batch's output extension; empty: each input's own
+	int jobs = 0;       // files rendered at once; 0: one per core
+	bool force = false; // render even what is up to date
+	std::string reportPath;
+	bool progress = false;  // a progress line also when stderr is no terminal
 	std::string pluginPath; // empty: look in the default places
 	int blockSize = 512;
 	PanOption pan;
@@ -38,6 +49,13 @@ struct Options
 };
 
 constexpr int kMaxBlockSize = 65536;
+constexpr int kMaxJobs = 127;
+
+// Whether the options name a batch rather than one output file.
+inline bool isBatch(const Options& options)
+{
+	return !options.outputFolder.empty();
+}
 
 // Reads the arguments (argv[0] is the program); throws a usage failure that
 // names the offending option.

@@ -124,6 +124,13 @@ Encoding parseEncoding(const std::string& name)
 	                 "' (choose float, pcm16, pcm24 or pcm32)");
 }
 
+bool hasAudioExtension(const std::string& path)
+{
+	const std::string extension = lowerExtension(path);
+	return std::any_of(std::begin(kContainers), std::end(kContainers),
+	                   [&](const Container& c) { return extension == c.extension; });
+}
+
 OutputFormat outputFormatFor(const std::string& path, Encoding encoding)
 {
 	std::string extension = lowerExtension(path);

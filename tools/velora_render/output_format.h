@@ -30,6 +30,10 @@ struct OutputFormat
 // container cannot hold. A name without an extension gets WAV.
 OutputFormat outputFormatFor(const std::string& path, Encoding encoding);
 
+// Whether the name's extension is one of the containers above (which
+// libsndfile also reads): the audio files a folder's batch takes.
+bool hasAudioExtension(const std::string& path);
+
 // The format for `frames` stereo frames: WAV that would pass its 4 GiB limit
 // becomes RF64 (WAV's 64-bit successor, which libsndfile and most editors
 // read); AIFF and AU that would pass theirs are a runtime failure.

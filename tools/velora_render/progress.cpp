@@ -13,11 +13,11 @@ constexpr auto kRedrawInterval = std::chrono::milliseconds(100);
 
 } // namespace
 
-Progress::Progress(bool wanted, std::int64_t totalFrames, double sampleRate)
+Progress::Progress(bool wanted, bool offTerminal, std::int64_t totalFrames, double sampleRate)
 : total(totalFrames),
   rate(sampleRate)
 {
-	shown = wanted && isatty(STDERR_FILENO) && totalFrames > 0 &&
+	shown = wanted && (offTerminal || isatty(STDERR_FILENO)) && totalFrames > 0 &&
 	        static_cast<double>(totalFrames) / sampleRate > kMinSeconds;
 }
 

@@ -1,5 +1,5 @@
 // A progress bar on stderr for renders long enough to wait for; drawn only
-// when stderr is a terminal.
+// when stderr is a terminal, unless asked for anyway.
 #pragma once
 
 #include <chrono>
@@ -12,7 +12,7 @@ class Progress
 public:
 	static constexpr double kMinSeconds = 5.0; // shorter renders show no bar
 
-	Progress(bool wanted, std::int64_t totalFrames, double sampleRate);
+	Progress(bool wanted, bool offTerminal, std::int64_t totalFrames, double sampleRate);
 	~Progress();
 
 	void update(std::int64_t framesDone);

@@ -1,0 +1,170 @@
+// Batches: many inputs rendered into a mirrored tree, each output exactly what
+// a render of that file alone gives; up-to-date outputs skipped; a failing
+// file reported without stopping the others; an interrupted batch resumed.
+#include "render/render_runner.h"
+#include "render/sound_files.h"
+
+#include <signal.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <filesystem>
+
+namespace velora_test {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kRate = 48000;
+
+class BatchTest : public RenderTest
+{
+protected:
+	// The files under `folder`, relative to it, hidden ones included.
+	std::vector<std::string> tree(const std::string& name) const
+	{
+		std::vector<std::string> names;
+		for (const auto& entry : fs::recursive_directory_iterator(path(name)))
+			if (entry.is_regular_file())
+				names.push_back(entry.path().lexically_relative(path(name)).string());
+		std::sort(names.begin(), names.end());
+		return names;
+	}
+	void expectRun(const std::vector<std::string>& args, int status, const std::string& summary)
+	{
+		const RenderRun run = render(args);
+		EXPECT_EQ(run.status, status) << run.err;
+		EXPECT_NE(run.out.find(summary), std::string::npos) << run.out;
+	}
+};
+
+TEST_F(BatchTest, AFolderTreeIsMirroredAndEachOutputIsThatOfItsOwnRender)
+{
+	fs::create_directories(path("lib/a/b"));
+	writeSine(path("lib/one.wav"), kRate / 2, kRate, 440.0, 0.5);
+	writeSine(path("lib/a/two.flac"), kRate / 3, kRate, 660.0, 0.5, 2,
+	          SF_FORMAT_FLAC | SF_FORMAT_PCM_16);
+	writeSine(path("lib/a/b/three.aiff"), kRate, 44100, 220.0, 0.5, 1,
+	          SF_FORMAT_AIFF | SF_FORMAT_PCM_24);
+	writeText(path("lib/a/notes.txt"), "not audio, not taken");
+	writeSine(path("extra.wav"), 1000, kRate, 440.0, 0.5);
+	const std::vector<std::string> pan = {"--sweep", "-90:60", "--block", "300"};
+	const auto batch = [&](std::vector<std::string> args) {
+		args.insert(args.end(), pan.begin(), pan.end());
+		return render(args);
+	};
+
+	RenderRun run = batch({"--in-dir", "lib", "--recursive", "-i", "extra.wav", "--out-dir", "out",
+	                       "--format", "wav", "--jobs", "2"});
+	ASSERT_EQ(run.status, 0) << run.err;
+	EXPECT_NE(run.out.find("files:    4: 4 rendered, 0 up to date, 0 failed"), std::string::npos)
+	    << run.out;
+	const std::vector<std::string> outputs = {"a/b/three.wav", "a/two.wav", "extra.wav", "one.wav"};
+	const std::vector<std::string> inputs = {"lib/a/b/three.aiff", "lib/a/two.flac", "extra.wav",
+	                                         "lib/one.wav"};
+	for (std::size_t i = 0; i < outputs.size(); ++i)
+	{
+		SCOPED_TRACE(outputs[i]);
+		std::vector<std::string> alone = {"-q", "--in", inputs[i], "--out", "alone.wav"};
+		alone.insert(alone.end(), pan.begin(), pan.end());
+		ASSERT_EQ(render(alone).status, 0);
+		EXPECT_TRUE(readBytes(path("out/" + outputs[i])) == readBytes(path("alone.wav")));
+	}
+
+	// Without --recursive only the folder's own files; each input's format
+	// without --format.
+	run = batch({"--in-dir", "lib/a", "--out-dir", "flat", "--jobs", "1"});
+	ASSERT_EQ(run.status, 0) << run.err;
+	EXPECT_EQ(tree("flat"), (std::vector<std::string>{".two.flac.render", "two.flac"}));
+}
+
+TEST_F(BatchTest, UpToDateOutputsAreSkippedUnlessForcedOrChanged)
+{
+	fs::create_directory(path("in"));
+	for (const char* name : {"in/a.wav", "in/b.wav"})
+		writeSine(path(name), 4800, kRate, 440.0, 0.5);
+	const std::vector<std::string> args = {"--in-dir", "in", "--out-dir", "out", "--pan", "30"};
+	expectRun(args, 0, "2 rendered, 0 up to date");
+	expectRun(args, 0, "0 rendered, 2 up to date");
+	std::vector<std::string> forced = args;
+	forced.push_back("--force");
+	expectRun(forced, 0, "2 rendered, 0 up to date");
+	writeSine(path("in/b.wav"), 2400, kRate, 440.0, 0.5);
+	expectRun(args, 0, "1 rendered, 1 up to date");
+	EXPECT_EQ(readSound(path("out/b.wav")).left.size(), 2400u);
+	std::vector<std::string> otherPan = {"--in-dir", "in", "--out-dir", "out", "--pan", "31"};
+	expectRun(otherPan, 0, "2 rendered, 0 up to date");
+}
+
+TEST_F(BatchTest, FailingFilesAreReportedAndTheOthersRendered)
+{
+	fs::create_directory(path("in"));
+	writeSine(path("in/good.wav"), 4800, kRate, 440.0, 0.5);
+	writeSine(path("in/long.wav"), 10 * kRate, kRate, 440.0, 0.5);
+	writeText(path("in/junk.wav"), "not audio");
+	fs::create_directory(path("out"));
+	writeText(path("out/long.wav"), "the earlier render, untouched");
+	// A full disk for the long file only: its output passes the size limit.
+	const RenderRun run =
+	    render({"--in-dir", "in", "--out-dir", "out", "--report", "report.json", "--jobs", "2"},
+	           256 * 1024);
+	EXPECT_EQ(run.status, 1) << run.err;
+	EXPECT_NE(run.out.find("1 rendered, 0 up to date, 2 failed"), std::string::npos) << run.out;
+	EXPECT_NE(run.out.find("failed:   in/junk.wav: cannot read input 'in/junk.wav'"),
+	          std::string::npos);
+	EXPECT_NE(run.out.find("failed:   in/long.wav: cannot write output 'out/long.wav'"),
+	          std::string::npos);
+	EXPECT_EQ(tree("out"), (std::vector<std::string>{".good.wav.render", "good.wav", "long.wav"}));
+	EXPECT_EQ(readBytes(path("out/long.wav")), "the earlier render, untouched");
+	const std::string report = readBytes(path("report.json"));
+	EXPECT_NE(report.find("{\"input\": \"in/good.wav\", \"output\": \"out/good.wav\", "
+	                      "\"status\": \"rendered\", \"frames\": 4800, \"rate\": 48000, "
+	                      "\"peak\": ["),
+	          std::string::npos)
+	    << report;
+	EXPECT_NE(report.find("\"status\": \"failed\", \"reason\": \"cannot read input"),
+	          std::string::npos);
+}
+
+TEST_F(BatchTest, AnInterruptedBatchResumesToTheSameOutputs)
+{
+	fs::create_directory(path("in"));
+	writeSine(path("in/0.wav"), 480, kRate, 440.0, 0.5);
+	for (const char* name : {"in/1.wav", "in/2.wav", "in/3.wav"})
+		writeSine(path(name), 20 * kRate, kRate, 330.0, 0.5);
+	// Small blocks make each long file take a while.
+	const auto args = [](const std::string& out) {
+		return std::vector<std::string>{"--in-dir", "in",      "--out-dir", out,       "--jobs",
+		                                "1",        "--block", "4",         "--sweep", "-90:90"};
+	};
+	ASSERT_EQ(render(args("whole")).status, 0);
+
+	int fromTool = -1;
+	const int pid = start(args("out"), 0, &fromTool);
+	ASSERT_GT(pid, 0);
+	std::FILE* lines = fdopen(fromTool, "r");
+	char line[4096];
+	while (std::fgets(line, sizeof line, lines) && std::string(line).rfind("done", 0) != 0)
+	{}
+	kill(pid, SIGTERM);
+	const RenderRun stopped = finish(pid);
+	std::fclose(lines);
+	EXPECT_EQ(stopped.status, 128 + SIGTERM);
+	EXPECT_NE(stopped.err.find("interrupted (Terminated): 1 of 4 files done; run the same "
+	                           "command again to render the rest"),
+	          std::string::npos)
+	    << stopped.err;
+	EXPECT_EQ(tree("out"), (std::vector<std::string>{".0.wav.render", "0.wav"}));
+
+	const RenderRun resumed = render(args("out"));
+	ASSERT_EQ(resumed.status, 0) << resumed.err;
+	EXPECT_NE(resumed.out.find("3 rendered, 1 up to date"), std::string::npos) << resumed.out;
+	EXPECT_EQ(tree("out"), tree("whole"));
+	for (const char* name : {"0.wav", "1.wav", "2.wav", "3.wav"})
+		EXPECT_TRUE(readBytes(path(std::string("out/") + name)) ==
+		            readBytes(path(std::string("whole/") + name)))
+		    << name;
+}
+
+} // namespace
+} // namespace velora_test
