@@ -1,13 +1,8 @@
-// Pan automation: the file format (points, comments, faults with file and
-// line) and its effect on the rendered sound.
+// Pan automation files: points, comments, and faults with file and line (the
+// rendered moves are in the pan test).
 #include "automation_file.h"
 #include "failure.h"
 #include "pan_curve.h"
-#include "pan_schedule.h"
-
-#include "render/expected_render.h"
-#include "render/render_runner.h"
-#include "render/sound_files.h"
 
 #include <gtest/gtest.h>
 
@@ -18,7 +13,6 @@ namespace {
 
 using velora_render::Failure;
 using velora_render::PanCurve;
-using velora_render::PanSchedule;
 using velora_render::parseAutomation;
 
 PanCurve parse(const std::string& text)
@@ -58,13 +52,8 @@ TEST(Automation, PointsCommentsAndBlankLines)
 	// Two points at one time make a step; after the last point it holds.
 	EXPECT_EQ(curve.at(2.0), -45.0);
 	EXPECT_EQ(curve.at(100.0), -45.0);
-}
-
-TEST(Automation, OnePointHoldsEverywhere)
-{
-	const PanCurve curve = parse("3 12.5");
-	EXPECT_EQ(curve.at(0.0), 12.5);
-	EXPECT_EQ(curve.at(5.0), 12.5);
+	// One point holds everywhere.
+	EXPECT_EQ(parse("3 12.5").at(0.0), 12.5);
 }
 
 TEST(Automation, FaultsNameTheFileAndLine)
@@ -83,76 +72,6 @@ TEST(Automation, FaultsNameTheFileAndLine)
 	EXPECT_EQ(faultIn("# nothing\n\n"),
 	          "moves.txt: no automation points (lines of 'seconds degrees')");
 	EXPECT_EQ(faultIn(""), "moves.txt: no automation points (lines of 'seconds degrees')");
-}
-
-// The host's side of the glide: a changed value is sent, then sent once more
-// when it stops changing, then nothing until it changes again.
-TEST(PanScheduleTest, SendsChangesAndSettlesWithOneRepeat)
-{
-	PanSchedule schedule;
-	EXPECT_EQ(schedule.next(0.5), 0.5);
-	EXPECT_EQ(schedule.next(0.5), 0.5);
-	EXPECT_EQ(schedule.next(0.5), std::nullopt);
-	EXPECT_EQ(schedule.next(0.6), 0.6);
-	EXPECT_EQ(schedule.next(0.7), 0.7);
-	EXPECT_EQ(schedule.next(0.7), 0.7);
-	EXPECT_EQ(schedule.next(0.7), std::nullopt);
-	EXPECT_EQ(schedule.next(0.7), std::nullopt);
-	EXPECT_EQ(schedule.next(0.2), 0.2);
-	EXPECT_EQ(schedule.next(0.2), 0.2);
-	EXPECT_EQ(schedule.next(0.2), std::nullopt);
-}
-
-constexpr int kRate = 48000;
-constexpr double kAmplitude = 0.5;
-
-TEST_F(RenderTest, AutomationMovesThePanAndHoldsAfterTheLastPoint)
-{
-	// Hard at -30 (left only) for half a second, a move to +30 (right only)
-	// over the next half, then held there.
-	writeText(path("moves.txt"), "0 -30\n0.5 -30   # hold\n1.0 30\n");
-	const std::int64_t frames = 2 * kRate;
-	writeSine(path("sine.wav"), frames, kRate, 440.0, kAmplitude);
-	const RenderRun run = render(
-	    {"--in", "sine.wav", "--out", "out.wav", "--automation", "moves.txt", "--block", "256"});
-	ASSERT_EQ(run.status, 0) << run.err;
-	EXPECT_NE(run.out.find("automation moves.txt (3 points)\n"), std::string::npos) << run.out;
-
-	const Sound out = readSound(path("out.wav"));
-	const std::vector<float> in = sine(frames, kRate, 440.0, kAmplitude);
-	ASSERT_EQ(out.left.size(), in.size());
-	// Up to the block that reaches past 0.5 s, where the move begins.
-	for (std::size_t i = 0; i < static_cast<std::size_t>(kRate / 2 / 256 * 256); ++i)
-	{
-		ASSERT_NEAR(out.left[i], in[i], 1e-6) << i;
-		ASSERT_NEAR(out.right[i], 0.0f, 1e-6) << i;
-	}
-	// From the first block that starts after 1 s the angle sits at +30.
-	for (std::size_t i = kRate + 256; i < in.size(); ++i)
-	{
-		ASSERT_NEAR(out.left[i], 0.0f, 1e-6) << i;
-		ASSERT_NEAR(out.right[i], in[i], 1e-6) << i;
-	}
-	const StereoSamples expected = expectedRender(in, kRate, 256, [](double t) {
-		return t <= 0.5 ? -30.0 : (t >= 1.0 ? 30.0 : -30.0 + 60.0 * (t - 0.5) / 0.5);
-	});
-	EXPECT_LT(largestDifference(out.left, expected.left), 1e-6);
-	EXPECT_LT(largestDifference(out.right, expected.right), 1e-6);
-}
-
-TEST_F(RenderTest, AutomationStepsAtOnePointInTime)
-{
-	writeText(path("step.txt"), "0 -60\n0.25 -60\n0.25 60\n");
-	writeSine(path("sine.wav"), kRate / 2, kRate, 440.0, kAmplitude);
-	ASSERT_EQ(
-	    render({"--in", "sine.wav", "--out", "out.wav", "-q", "--automation", "step.txt"}).status,
-	    0);
-	const Sound out = readSound(path("out.wav"));
-	const std::vector<float> in = sine(kRate / 2, kRate, 440.0, kAmplitude);
-	const StereoSamples expected =
-	    expectedRender(in, kRate, 512, [](double t) { return t < 0.25 ? -60.0 : 60.0; });
-	EXPECT_LT(largestDifference(out.left, expected.left), 1e-6);
-	EXPECT_LT(largestDifference(out.right, expected.right), 1e-6);
 }
 
 } // namespace

@@ -90,110 +90,43 @@ TEST_F(ErrorTest, CommandLineMistakesExitWithTwo)
 	              "--encoding float is not available for .flac");
 }
 
-TEST_F(ErrorTest, UnreadableInputs)
+TEST_F(ErrorTest, FilesAndBundlesThatCannotBeUsedExitWithOne)
 {
-	expectRefusal({"--in", "missing.wav", "--out", "out.wav"}, 1,
-	              "cannot read input 'missing.wav'");
 	writeText(path("notes.txt"), "not audio at all");
-	before = folderContents();
-	expectRefusal({"--in", "notes.txt", "--out", "out.wav"}, 1, "cannot read input 'notes.txt'");
 	std::filesystem::create_directory(path("folder.wav"));
-	before = folderContents();
-	expectRefusal({"--in", "folder.wav", "--out", "out.wav"}, 1, "it is a directory");
-	if (getuid() != 0)
-	{
-		writeSine(path("locked.wav"), 480, 48000, 440.0, 0.5);
-		chmod(path("locked.wav").c_str(), 0);
-		before = folderContents();
-		expectRefusal({"--in", "locked.wav", "--out", "out.wav"}, 1, "cannot read input");
-	}
-}
-
-TEST_F(ErrorTest, OutputsThatCannotBeWritten)
-{
-	expectRefusal({"--in", "sine.wav", "--out", "no/such/folder/out.wav"}, 1,
-	              "cannot write output 'no/such/folder/out.wav'");
-	std::filesystem::create_directory(path("taken.wav"));
-	before = folderContents();
-	expectRefusal({"--in", "sine.wav", "--out", "taken.wav"}, 1, "it is a directory");
-	expectRefusal({"--in", "sine.wav", "--out", "out.wav", "--save-state", "no/such/s.state"}, 1,
-	              "cannot write state 'no/such/s.state'");
-	// Opus takes only some sample rates: refused before anything is written.
 	writeSine(path("odd.wav"), 4410, 44100, 440.0, 0.5);
-	before = folderContents();
-	expectRefusal({"--in", "odd.wav", "--out", "out.opus"}, 1, "cannot write output 'out.opus'");
-}
-
-TEST_F(ErrorTest, AFullDiskLeavesNoPartialFileAndTheEarlierOneUntouched)
-{
-	// One frame renders to a file smaller than the plug-in's saved state.
-	writeSine(path("one.wav"), 1, 48000, 440.0, 0.5);
-	writeText(path("out.state"), kEarlier);
-	before = folderContents();
-	struct Case
-	{
-		std::vector<std::string> args;
-		long limit;
-		const char* message;
-	};
-	const Case cases[] = {
-	    {{"--in", "sine.wav", "--out", "out.wav"}, 4096, "cannot write output 'out.wav'"},
-	    {{"--in", "sine.wav", "--out", "new.wav"}, 4096, "cannot write output 'new.wav'"},
-	    {{"--in", "one.wav", "--out", "new.wav", "--save-state", "out.state"},
-	     100,
-	     "cannot write state 'out.state'"},
-	    {{"--in", "one.wav", "--out", "new.wav", "--save-state", "new.state"},
-	     100,
-	     "cannot write state 'new.state'"},
-	};
-	for (const Case& c : cases)
-	{
-		expectRefusal(c.args, 1, c.message, c.limit);
-		EXPECT_EQ(readBytes(path("out.state")), kEarlier);
-	}
-}
-
-TEST_F(ErrorTest, MalformedAutomationNamesFileAndLine)
-{
+	writeSine(path("long.wav"), 48000, 48000, 440.0, 0.5);
 	writeText(path("moves.txt"), "# pan moves\n0 -90\n1.5 hard-right\n");
-	before = folderContents();
-	expectRefusal({"--in", "sine.wav", "--out", "out.wav", "--automation", "moves.txt"}, 1,
-	              "moves.txt:3: 'hard-right' is not a number of degrees");
-	expectRefusal({"--in", "sine.wav", "--out", "out.wav", "--automation", "none.txt"}, 1,
-	              "cannot read automation file 'none.txt'");
-}
-
-TEST_F(ErrorTest, BundlesThatAreNotThere)
-{
-	expectRefusal({"--in", "sine.wav", "--out", "out.wav", "--plugin", "Nothing.vst3"}, 1,
-	              "no VST3 bundle at 'Nothing.vst3'");
 	std::filesystem::create_directories(path("Fake.vst3/Contents/x86_64-linux"));
 	writeText(path("Fake.vst3/Contents/x86_64-linux/Fake.so"), "not a shared library");
-	writeText(path("plain.vst3"), "a file");
 	before = folderContents();
-	expectRefusal({"--in", "sine.wav", "--out", "out.wav", "--plugin", "Fake.vst3"}, 1,
-	              "plug-in 'Fake.vst3' is not a VST3 module");
-	expectRefusal({"--in", "sine.wav", "--out", "out.wav", "--plugin", "plain.vst3"}, 1,
-	              "plug-in 'plain.vst3' is not a VST3 module");
-}
-
-TEST_F(ErrorTest, StateFilesThatCannotBeRead)
-{
-	expectRefusal({"--in", "sine.wav", "--out", "out.wav", "--load-state", "none.state"}, 1,
-	              "cannot read state 'none.state'");
-	// A long file is refused before it is read in full.
-	writeSine(path("long.wav"), 48000, 48000, 440.0, 0.5);
-	before = folderContents();
-	expectRefusal({"--in", "sine.wav", "--out", "out.wav", "--load-state", "long.wav"}, 1,
-	              "'long.wav' is not a saved state");
-}
-
-TEST_F(ErrorTest, ReadOnlyOutputIsNotReplaced)
-{
-	if (getuid() == 0)
-		GTEST_SKIP() << "root writes anywhere";
-	chmod(path("out.wav").c_str(), 0444);
-	expectRefusal({"--in", "sine.wav", "--out", "out.wav"}, 1, "cannot write output 'out.wav'");
+	const std::vector<std::string> in = {"--in", "sine.wav", "--out", "out.wav"};
+	const auto with = [&](std::vector<std::string> more) {
+		more.insert(more.begin(), in.begin(), in.end());
+		return more;
+	};
+	const std::pair<std::vector<std::string>, const char*> cases[] = {
+	    {{"--in", "missing.wav", "--out", "out.wav"}, "cannot read input 'missing.wav'"},
+	    {{"--in", "notes.txt", "--out", "out.wav"}, "cannot read input 'notes.txt'"},
+	    {{"--in", "folder.wav", "--out", "out.wav"}, "it is a directory"},
+	    {{"--in", "sine.wav", "--out", "no/such/folder/out.wav"},
+	     "cannot write output 'no/such/folder/out.wav'"},
+	    {{"--in", "sine.wav", "--out", "folder.wav"}, "it is a directory"},
+	    {with({"--save-state", "no/such/s.state"}), "cannot write state 'no/such/s.state'"},
+	    // Opus takes only some sample rates: refused before anything is written.
+	    {{"--in", "odd.wav", "--out", "out.opus"}, "cannot write output 'out.opus'"},
+	    {with({"--automation", "moves.txt"}),
+	     "moves.txt:3: 'hard-right' is not a number of degrees"},
+	    {with({"--automation", "none.txt"}), "cannot read automation file 'none.txt'"},
+	    {with({"--plugin", "Nothing.vst3"}), "no VST3 bundle at 'Nothing.vst3'"},
+	    {with({"--plugin", "Fake.vst3"}), "plug-in 'Fake.vst3' is not a VST3 module"},
+	    {with({"--plugin", "notes.txt"}), "plug-in 'notes.txt' is not a VST3 module"},
+	    {with({"--load-state", "none.state"}), "cannot read state 'none.state'"},
+	    // A long file is refused before it is read in full.
+	    {with({"--load-state", "long.wav"}), "'long.wav' is not a saved state"},
+	};
+	for (const auto& [args, message] : cases)
+		expectRefusal(args, 1, message);
 }
 
 TEST_F(ErrorTest, SuccessReplacesTheEarlierOutputKeepingItsMode)

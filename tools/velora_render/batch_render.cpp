@@ -22,6 +22,7 @@
 #include <cstring>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 namespace velora_render {
 namespace {
@@ -29,7 +30,7 @@ namespace {
 struct Batch
 {
 	const Options& options;
-	std::vector<char> stateRecord;
+	std::optional<std::vector<char>> stateRecord;
 	std::string settings;
 	std::vector<FileOutcome> outcomes;
 	std::vector<std::size_t> toRender;                  // indices into outcomes

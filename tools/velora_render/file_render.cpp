@@ -22,8 +22,8 @@ std::unique_ptr<AudioSource> openSource(const std::string& path, std::vector<std
 } // namespace
 
 FileRender::FileRender(const Options& options, const std::string& inputPath,
-                       const std::string& outputPath, const std::vector<char>& stateRecord,
-                       HostSession& host)
+                       const std::string& outputPath,
+                       const std::optional<std::vector<char>>& stateRecord, HostSession& host)
 : session(host),
   blockSize(options.blockSize),
   input(openSource(inputPath, messages))
@@ -32,7 +32,7 @@ FileRender::FileRender(const Options& options, const std::string& inputPath,
 	outputFormat = formatForLength(named, input->frames());
 	if (outputFormat.sndfileFormat != named.sndfileFormat)
 		messages.push_back("'" + outputPath + "' is written as " + outputFormat.description);
-	if (!stateRecord.empty() && !session.restoreState(stateRecord))
+	if (stateRecord && !session.restoreState(*stateRecord))
 		throw runtimeError("'" + options.loadStatePath + "' is not a saved state of " +
 		                   session.pluginName());
 	pan = choosePan(options, inputPath.empty(), *input, session);

@@ -23,10 +23,10 @@ namespace velora_render {
 class FileRender
 {
 public:
-	// `input` empty: the built-in test signal; `stateRecord` empty: the
-	// plug-in as it is. Runtime failures: the input, the record, the output.
+	// `input` empty: the built-in test signal; no `stateRecord`: the plug-in
+	// as it is. Runtime failures: the input, the record, the output.
 	FileRender(const Options& options, const std::string& input, const std::string& output,
-	           const std::vector<char>& stateRecord, HostSession& session);
+	           const std::optional<std::vector<char>>& stateRecord, HostSession& session);
 	~FileRender();
 	FileRender(const FileRender&) = delete;
 	FileRender& operator=(const FileRender&) = delete;

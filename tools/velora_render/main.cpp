@@ -40,8 +40,9 @@ void render(const Options& options)
 
 	// Everything that can be refused is checked before anything is written.
 	const std::string input = options.inputPaths.empty() ? "" : options.inputPaths.front();
-	const std::vector<char> record =
-	    options.loadStatePath.empty() ? std::vector<char>() : readStateFile(options.loadStatePath);
+	std::optional<std::vector<char>> record;
+	if (!options.loadStatePath.empty())
+		record = readStateFile(options.loadStatePath);
 	const std::string bundle = bundlePathFor(options.pluginPath);
 	HostSession session(bundle);
 	FileRender file(options, input, options.outputPath, record, session);
