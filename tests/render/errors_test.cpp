@@ -52,17 +52,13 @@ TEST_F(ErrorTest, CommandLineMistakesExitWithTwo)
 		return args;
 	};
 	expectRefusal(with({"--pan", "91"}), 2, "--pan: 91 degrees is outside -90..90");
-	expectRefusal(with({"--pan", "-90.01"}), 2, "outside -90..90");
 	expectRefusal(with({"--pan", "left"}), 2, "--pan: 'left' is not a number of degrees");
 	expectRefusal(with({"--pan", "nan"}), 2, "is not a number");
-	expectRefusal(with({"--pan", ""}), 2, "is not a number");
 	expectRefusal(with({"--pan=10deg"}), 2, "'10deg' is not a number");
 	expectRefusal(with({"--sweep", "-90"}), 2, "--sweep: '-90' is not FROM:TO");
 	expectRefusal(with({"--sweep", "-90:100"}), 2, "100 degrees is outside -90..90");
-	expectRefusal(with({"--sweep", "a:b"}), 2, "'a' is not a number");
 	expectRefusal(with({"--pan", "10", "--sweep", "0:1"}), 2, "give only one of");
 	expectRefusal(with({"--block", "0"}), 2, "--block: '0' is not a block size in frames");
-	expectRefusal(with({"--block", "100000"}), 2, "--block");
 	expectRefusal(with({"--block", "12.5"}), 2, "--block");
 	expectRefusal(with({"--encoding", "pcm8"}), 2, "--encoding: unknown encoding 'pcm8'");
 	expectRefusal(with({"--pan"}), 2, "--pan needs a value");

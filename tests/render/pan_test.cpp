@@ -2,10 +2,12 @@
 // default, sweeps over several block sizes, automation with moves and steps),
 // sample by sample against the pan law applied here per block: the angle at
 // the block's end, glided to from the previous one.
-#include "render/expected_render.h"
 #include "render/render_runner.h"
 #include "render/sound_files.h"
 
+#include "support/naive_pan.h"
+
+#include <cmath>
 #include <functional>
 
 namespace velora_test {
@@ -13,6 +15,39 @@ namespace {
 
 constexpr int kRate = 48000;
 constexpr std::int64_t kFrames = kRate; // one second
+
+// The angle as the processor gets it: degrees to the normalised value the
+// host sends and back.
+double sentDegrees(double degrees)
+{
+	return (degrees + 90.0) / 180.0 * 180.0 - 90.0;
+}
+
+// The largest difference of the rendered channels from the law's, per block:
+// the start angle holds from the first sample; then each block glides from
+// the previous angle to the one at its end.
+double largestDifference(const std::vector<float>& in, const std::vector<float>& left,
+                         const std::vector<float>& right, int block,
+                         const std::function<double(double)>& degreesAt)
+{
+	if (left.size() != in.size() || right.size() != in.size())
+		return INFINITY;
+	Steinberg::Vst::VeloraLaw law(kRate);
+	std::vector<float> l(static_cast<std::size_t>(block)), r(l.size());
+	double worst = 0.0;
+	double current = sentDegrees(degreesAt(0.0));
+	for (std::size_t start = 0; start < in.size(); start += l.size())
+	{
+		const int n = static_cast<int>(std::min(l.size(), in.size() - start));
+		const double previous = current;
+		current = sentDegrees(degreesAt(static_cast<double>(start + n) / kRate));
+		naivePan(law, previous, current, in.data() + start, l.data(), r.data(), n);
+		for (int i = 0; i < n; ++i)
+			worst = std::max({worst, std::fabs(static_cast<double>(l[i]) - left[start + i]),
+			                  std::fabs(static_cast<double>(r[i]) - right[start + i])});
+	}
+	return worst;
+}
 
 TEST_F(RenderTest, EveryPanMoveMatchesTheLawSampleBySample)
 {
@@ -34,7 +69,6 @@ TEST_F(RenderTest, EveryPanMoveMatchesTheLawSampleBySample)
 	    {{"--pan", "17"}, 512, constant(17.0), ""},
 	    {{"--pan", "88.8"}, 512, constant(88.8), ""},
 	    {{"--sweep", "-80:75"}, 512, sweep, "sweep -80 to 75 degrees"},
-	    {{"--sweep", "-80:75", "--block", "64"}, 64, sweep, ""},
 	    {{"--sweep", "-80:75", "--block", "1000"}, 1000, sweep, ""},
 	    {{"--automation", "moves.txt", "--block", "256"},
 	     256,
@@ -54,9 +88,7 @@ TEST_F(RenderTest, EveryPanMoveMatchesTheLawSampleBySample)
 		EXPECT_NE(run.out.find(std::string("pan:          ") + c.reported), std::string::npos)
 		    << run.out;
 		const Sound out = readSound(path("out.wav"));
-		const StereoSamples expected = expectedRender(in, kRate, c.block, c.degreesAt);
-		EXPECT_LT(largestDifference(out.left, expected.left), 1e-6);
-		EXPECT_LT(largestDifference(out.right, expected.right), 1e-6);
+		EXPECT_LT(largestDifference(in, out.left, out.right, c.block, c.degreesAt), 1e-6);
 	}
 }
 
