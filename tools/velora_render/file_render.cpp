@@ -36,8 +36,9 @@ FileRender::FileRender(const Options& options, const std::string& inputPath,
 		throw runtimeError("'" + options.loadStatePath + "' is not a saved state of " +
 		                   session.pluginName());
 	pan = choosePan(options, inputPath.empty(), *input, session);
-	session.start(input->sampleRate(), blockSize);
 	output.emplace(outputPath, outputFormat, input->sampleRate());
+	// Last: a constructor that fails after this would leave the session started.
+	session.start(input->sampleRate(), blockSize);
 }
 
 FileRender::~FileRender()
