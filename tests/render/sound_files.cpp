@@ -21,28 +21,18 @@ std::vector<float> sine(std::int64_t frames, int rate, double hz, double amplitu
 void writeSine(const std::string& path, std::int64_t frames, int rate, double hz, double amplitude,
                int channels, int format, double secondGain)
 {
+	const std::vector<float> samples = sine(frames, rate, hz, amplitude);
+	std::vector<float> interleaved;
+	for (const float s : samples)
+		for (int c = 0; c < channels; ++c)
+			interleaved.push_back(c == 0 ? s : static_cast<float>(s * secondGain));
 	SF_INFO info = {};
 	info.samplerate = rate;
 	info.channels = channels;
 	info.format = format;
 	SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
 	ASSERT_NE(file, nullptr) << sf_strerror(nullptr);
-	// In chunks, so that long files cost no memory here either.
-	constexpr std::int64_t kChunk = 65536;
-	std::vector<float> frame(static_cast<std::size_t>(kChunk * channels));
-	for (std::int64_t start = 0; start < frames; start += kChunk)
-	{
-		const std::int64_t n = std::min(kChunk, frames - start);
-		for (std::int64_t i = 0; i < n; ++i)
-		{
-			const float s = static_cast<float>(
-			    amplitude * std::sin(2.0 * M_PI * hz * static_cast<double>(start + i) / rate));
-			for (int c = 0; c < channels; ++c)
-				frame[static_cast<std::size_t>(i * channels + c)] =
-				    c == 0 ? s : static_cast<float>(s * secondGain);
-		}
-		ASSERT_EQ(sf_writef_float(file, frame.data(), n), n);
-	}
+	EXPECT_EQ(sf_writef_float(file, interleaved.data(), frames), frames);
 	sf_close(file);
 }
 
@@ -60,15 +50,11 @@ Sound readSound(const std::string& path)
 	std::vector<float> all(static_cast<std::size_t>(info.frames * info.channels));
 	const sf_count_t got = sf_readf_float(file, all.data(), info.frames);
 	sf_close(file);
-	sound.left.resize(static_cast<std::size_t>(got));
-	if (info.channels > 1)
-		sound.right.resize(static_cast<std::size_t>(got));
-	for (sf_count_t i = 0; i < got; ++i)
+	for (std::size_t i = 0; i < static_cast<std::size_t>(got * info.channels); i += info.channels)
 	{
-		sound.left[static_cast<std::size_t>(i)] = all[static_cast<std::size_t>(i * info.channels)];
+		sound.left.push_back(all[i]);
 		if (info.channels > 1)
-			sound.right[static_cast<std::size_t>(i)] =
-			    all[static_cast<std::size_t>(i * info.channels + 1)];
+			sound.right.push_back(all[i + 1]);
 	}
 	return sound;
 }
