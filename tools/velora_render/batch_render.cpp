@@ -118,14 +118,16 @@ void renderAll(Batch& batch)
 {
 	const int count = static_cast<int>(batch.toRender.size());
 	const int jobs = batch.options.jobs > 0 ? batch.options.jobs : numberOfCores();
-	const int workers = std::max(1, std::min(jobs, count));
+	// One worker per core at most, and never more than there are files.
+	const int workers = std::max(1, std::min({jobs, count, numberOfCores()}));
+	// The plug-ins load before any thread starts: a bundle that cannot be
+	// used ends the batch before it begins.
+	const std::string bundle = bundlePathFor(batch.options.pluginPath);
+	for (int i = 0; i < workers; ++i)
+		batch.sessions.push_back(std::make_unique<HostSession>(bundle));
 	const bool serial = workers == 1;
 	if (!serial && !openThreadPool(workers))
 		throw runtimeError("cannot start " + std::to_string(workers) + " worker threads");
-	const std::string bundle = bundlePathFor(batch.options.pluginPath);
-	const int instances = serial ? 1 : numberOfThreads();
-	for (int i = 0; i < instances; ++i)
-		batch.sessions.push_back(std::make_unique<HostSession>(bundle));
 	parallelFor(&batch, renderBody, 0, count, serial);
 	if (!serial)
 		closeThreadPool();
