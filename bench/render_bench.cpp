@@ -212,6 +212,11 @@ int main(int argc, char** argv)
 	std::printf("peak memory: 1-hour file %.1f MB, per worker of --jobs 2 %.1f MB (goal < 32); "
 	            "1 hour / 15 minutes: %.2fx\n",
 	            hourPeak / kMegabyte, folderPeak / 2 / kMegabyte, hourPeak / quarterPeak);
+	// Speed-ups from a second worker need a second core that is free.
+	double load[1] = {0.0};
+	if (getloadavg(load, 1) == 1)
+		std::printf("load average over the last minute: %.2f on %ld processors\n", load[0],
+		            sysconf(_SC_NPROCESSORS_ONLN));
 	fs::remove_all(scratch);
 	benchmark::Shutdown();
 	return 0;
