@@ -11,9 +11,9 @@ namespace Vst {
 
 namespace {
 constexpr double kNearLimitDegrees = 30.0;
-// Samples per pass of a glide: small enough for the stack, large enough to
-// let independent samples overlap.
-constexpr int32 kGlideChunk = 64;
+// Samples per pass of a glide: small enough for three arrays on the stack,
+// large enough that the gains' runs seldom end at a pass's end.
+constexpr int32 kGlideChunk = 256;
 
 // One output sample pair: beyond +-30 degrees the far channel carries the
 // low-passed copy, scaled by the law's (negative-gain) extra factor.
@@ -192,9 +192,11 @@ tresult PLUGIN_API NxVeloraProcessor::process(ProcessData& data)
 
 // The gains are the same for the whole block; the filter still runs on every
 // sample so that its history is right when the angle moves past 30 degrees.
+// It runs on a local copy, which stays in registers where the law's own,
+// as far as the compiler knows, might share memory with the outputs.
 void NxVeloraProcessor::renderConstant(const float* in, float* left, float* right, int32 count)
 {
-	LowPassFilter& filter = law->filter();
+	LowPassFilter filter = law->filter();
 	const double angle = currentAngle;
 	const double gL = gainAt(angle);
 	const double gR = gainAt(-angle);
@@ -204,22 +206,21 @@ void NxVeloraProcessor::renderConstant(const float* in, float* left, float* righ
 		const double f = filter.y(s);
 		panSample(s, f, angle, gL, gR, left[i], right[i]);
 	}
+	law->filter() = filter;
 }
 
 // The angle glides linearly from the previous angle to one step short of the
 // current one. The previous angle is deliberately left as it is, so every
 // following block repeats this glide until the parameter changes again.
-// Work goes in chunks and passes (angles, gains, then filter and output), so
-// that the independent per-sample arithmetic overlaps; the segments are
-// tracked from sample to sample, as the angle moves slowly.
+// Work goes in chunks and passes: angles, then gains (both wide, as they do
+// not depend on one another), then the filter's serial recursion (on a local
+// copy, as for a constant angle) and the output.
 void NxVeloraProcessor::renderGlide(const float* in, float* left, float* right, int32 count)
 {
-	LowPassFilter& filter = law->filter();
+	LowPassFilter filter = law->filter();
 	const double n = count;
 	const double current = currentAngle;
 	const double previous = previousAngle;
-	int segmentL = 0;
-	int segmentR = 0;
 	double angle[kGlideChunk];
 	double gainL[kGlideChunk];
 	double gainR[kGlideChunk];
@@ -231,13 +232,7 @@ void NxVeloraProcessor::renderGlide(const float* in, float* left, float* right, 
 			const int32 i = start + k;
 			angle[k] = (i * current + (count - i) * previous) / n;
 		}
-		for (int32 k = 0; k < length; ++k)
-		{
-			segmentL = VeloraLaw::trackSegment(segmentL, angle[k]);
-			segmentR = VeloraLaw::trackSegment(segmentR, -angle[k]);
-			gainL[k] = VeloraLaw::evalSegment(segmentL, angle[k]);
-			gainR[k] = VeloraLaw::evalSegment(segmentR, -angle[k]);
-		}
+		VeloraLaw::channelGains(length, angle, gainL, gainR);
 		for (int32 k = 0; k < length; ++k)
 		{
 			const double s = in[start + k];
@@ -245,6 +240,7 @@ void NxVeloraProcessor::renderGlide(const float* in, float* left, float* right, 
 			panSample(s, f, angle[k], gainL[k], gainR[k], left[start + k], right[start + k]);
 		}
 	}
+	law->filter() = filter;
 }
 
 } // namespace Vst

@@ -65,23 +65,17 @@ public:
 			++i;
 		return i;
 	}
-	// The same segment as segmentOf, found by stepping from a nearby segment
-	// i: cheap when successive angles move slowly, as in a glide.
-	static int trackSegment(int i, double u)
-	{
-		if (!(u > x[1]))
-			return 0;
-		while (i < n - 1 && x[i + 1] <= u)
-			++i;
-		while (i > 1 && x[i] > u)
-			--i;
-		return i;
-	}
 	static double evalSegment(int i, double u)
 	{
 		const double dx = u - x[i];
 		return ((d[i] * dx + c[i]) * dx + b[i]) * dx + y[i];
 	}
+	// The gains of both channels at count angles: left[k] at angle[k] and
+	// right[k] at -angle[k], each bit for bit what evalSegment(segmentOf(v), v)
+	// gives. Runs of angles that keep both segments, as in a glide, are
+	// evaluated with the segments' coefficients held, in loops that the
+	// compiler vectorises.
+	static void channelGains(int count, const double* angle, double* left, double* right);
 
 	LowPassFilter& filter() { return lowPass; }
 

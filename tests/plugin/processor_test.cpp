@@ -177,26 +177,20 @@ TEST(Processor, OneChangeRepeatsItsGlideInEveryLaterBlock)
 
 // The processor's rendering against the plain per-sample reference, bit for
 // bit, over many blocks of many sizes: steady angles, glides across every
-// knot and across +-30 degrees, repeated glides, knots hit exactly.
+// knot and across +-30 degrees, repeated glides, knots hit exactly, and
+// glides across a knot so short that their rounded angles waver about it.
 TEST(Processor, MatchesThePlainReferenceBitForBit)
 {
 	ProcessorHarness host(newProcessor(), kRate, 1024);
 	VeloraLaw law(kRate);
 	double previous = 0.0, current = 0.0;
-	std::mt19937 rng(2024);
-	std::uniform_real_distribution<double> anyValue(0.0, 1.0);
-	std::uniform_int_distribution<int> knot(0, VeloraLaw::n - 1);
-	const int32 sizes[] = {1, 2, 3, 7, 63, 64, 65, 128, 500, 512, 1024};
-	for (int block = 0; block < 600; ++block)
-	{
-		const int32 size = sizes[block % (sizeof(sizes) / sizeof(sizes[0]))];
-		const auto in = noise(static_cast<size_t>(size), static_cast<unsigned>(block));
+	unsigned block = 0;
+	// One block, after a change to value unless it is negative.
+	const auto check = [&](int32 size, double value) {
+		const auto in = noise(static_cast<size_t>(size), block++);
 		std::vector<std::pair<ParamID, std::vector<double>>> changes;
-		const int choice = block % 4;
-		if (choice != 3)
+		if (value >= 0.0)
 		{
-			const double value =
-			    choice == 0 ? anyValue(rng) : normalizedPan(VeloraLaw::x[knot(rng)]);
 			changes.push_back({100, {value}});
 			previous = current;
 			current = value * (90.0 - -90.0) + -90.0;
@@ -208,7 +202,25 @@ TEST(Processor, MatchesThePlainReferenceBitForBit)
 		    << "block " << block << " from " << previous << " to " << current;
 		ASSERT_EQ(0, std::memcmp(out.right.data(), r.data(), sizeof(float) * size))
 		    << "block " << block << " from " << previous << " to " << current;
+	};
+	std::mt19937 rng(2024);
+	std::uniform_real_distribution<double> anyValue(0.0, 1.0);
+	std::uniform_int_distribution<int> knot(0, VeloraLaw::n - 1);
+	const int32 sizes[] = {1, 2, 3, 7, 63, 64, 65, 128, 500, 512, 1024};
+	for (int i = 0; i < 600 && !HasFatalFailure(); ++i)
+	{
+		const int choice = i % 4;
+		check(sizes[i % (sizeof(sizes) / sizeof(sizes[0]))],
+		      choice == 0   ? anyValue(rng)
+		      : choice == 3 ? -1.0
+		                    : normalizedPan(VeloraLaw::x[knot(rng)]));
 	}
+	for (const double x : VeloraLaw::x)
+		for (const double nudge : {1e-16, 2e-16})
+			for (const int32 size : {64, 512, 1024})
+				for (const double side : {-1.0, 1.0, -1.0})
+					if (!HasFatalFailure())
+						check(size, normalizedPan(x) + side * nudge);
 }
 
 TEST(Processor, QueuesForOtherParametersAreIgnored)
