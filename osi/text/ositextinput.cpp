@@ -54,7 +54,7 @@ bool OsiTextInput::open(const char* fileName, const char* format)
 	lineNumber = 1;
 	columnNumber = 1;
 	length = 0;
-	if (!stream.open(fileName, "r"))
+	if (!stream.open(fileName))
 		return false;
 	if (stream.seekEnd())
 		stream.tell(length);
@@ -139,23 +139,26 @@ void OsiTextInput::setState(const OsiTextInputState& state)
 
 void OsiTextInput::readPastLine()
 {
-	string_ext<char> piece;
 	char found = 0;
-	while (stream.readLine(piece, kChunk, "\n", found) && !found)
+	while (stream.readLine(scratch, kChunk, "\n", found) && !found)
 	{}
 	nextLine();
 }
 
 void OsiTextInput::readPastCharaters()
 {
-	string_ext<char> piece;
+	if (pending <= 0)
+	{
+		pending = 0;
+		return;
+	}
 	char found = 0;
 	while (pending > 0)
 	{
 		const size_t chunk = std::min<size_t>(static_cast<size_t>(pending), kChunk);
-		if (!stream.readLine(piece, static_cast<int>(chunk), "", found))
+		if (!stream.readLine(scratch, static_cast<int>(chunk), "", found))
 			break;
-		addToColumn(piece.size());
+		addToColumn(scratch.size());
 		pending -= static_cast<int32_t>(chunk);
 	}
 	pending = 0;
@@ -164,11 +167,10 @@ void OsiTextInput::readPastCharaters()
 void OsiTextInput::readPastDelimeter(char delimiter)
 {
 	const char terminators[2] = {delimiter, 0};
-	string_ext<char> piece;
 	char found = 0;
-	while (stream.readLine(piece, kChunk, terminators, found))
+	while (stream.readLine(scratch, kChunk, terminators, found))
 	{
-		addToColumn(piece.size() + (found ? 1 : 0));
+		addToColumn(scratch.size() + (found ? 1 : 0));
 		if (found)
 			break;
 	}
@@ -178,13 +180,12 @@ bool OsiTextInput::readDataValue(double& value)
 {
 	const int32_t line = lineNumber;
 	const int32_t column = columnNumber;
-	string_ext<char> text;
-	const Field field = readFieldAt(text);
-	if (field == Field::Missing)
+	const Field read = readFieldAt(field);
+	if (read == Field::Missing)
 		return false;
-	if (field == Field::Complete && std::sscanf(text.c_str(), "%lg", &value) == 1)
+	if (read == Field::Complete && std::sscanf(field.c_str(), "%lg", &value) == 1)
 		return true;
-	errorText.sprintf(kCannotConvert, text.c_str(), static_cast<long>(line),
+	errorText.sprintf(kCannotConvert, field.c_str(), static_cast<long>(line),
 	                  static_cast<long>(column));
 	errorFlag = true;
 	return false;
@@ -239,8 +240,7 @@ OsiTextInput::Field OsiTextInput::readField(string_ext<char>& text, char delimit
 		return Field::Complete;
 	if (next != static_cast<unsigned char>(delimiter))
 		return Field::Overlong;
-	string_ext<char> rest;
-	stream.readLine(rest, 1, terminators, found);
+	stream.readLine(scratch, 1, terminators, found);
 	addToColumn(1);
 	return Field::Complete;
 }
@@ -300,19 +300,23 @@ bool OsiTextInput::atEndOfData()
 	const int next = stream.peek();
 	if (next == EOF)
 		return true;
-	if (!isBlank(next))
-		return false;
+	return isBlank(next) && onlyBlanksFollow();
+}
+
+// The look-ahead from a blank, kept apart so that the common case above
+// stays small enough to inline.
+bool OsiTextInput::onlyBlanksFollow()
+{
 	long long here = 0;
 	if (!stream.tell(here))
 		return false;
-	string_ext<char> piece;
 	char found = 0;
 	bool blank = true;
 	for (size_t seen = 0; blank && seen < kLookAhead; seen += kChunk)
 	{
-		if (!stream.readLine(piece, kChunk, "", found))
+		if (!stream.readLine(scratch, kChunk, "", found))
 			break;
-		blank = std::all_of(piece.begin(), piece.end(), isBlank);
+		blank = std::all_of(scratch.begin(), scratch.end(), isBlank);
 	}
 	const bool ended = blank && stream.endOfFile();
 	stream.seek(here);

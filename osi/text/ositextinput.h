@@ -14,7 +14,7 @@
 #pragma once
 
 #include "osi/base/string_ext.h"
-#include "osi/text/ositextfile.h"
+#include "osi/text/ositextbuffer.h"
 #include "osi/text/ositextinputrange.h"
 #include "osi/text/ositextinputstate.h"
 
@@ -79,6 +79,7 @@ private:
 	};
 
 	bool atEndOfData();
+	bool onlyBlanksFollow();
 	// Carries out a skipping layout character (N, T, blank or comma).
 	void skipPast(char action);
 	Field readField(string_ext<char>& text, char delimiter);
@@ -98,5 +99,9 @@ private:
 	int32_t pending = 0;
 	int32_t columnNumber = 1;
 	int32_t lineNumber = 1;
-	mutable OsiTextFile stream;
+	mutable OsiTextBuffer stream;
+	// Reused for every field and skipped piece, so that reading allocates
+	// only for the first long one.
+	string_ext<char> field;
+	string_ext<char> scratch;
 };

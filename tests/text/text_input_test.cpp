@@ -207,6 +207,40 @@ TEST_F(TextFile, StateBringsReadingBackToAPosition)
 	EXPECT_FALSE(input.endOfData());
 }
 
+// Enough rows that fields straddle every refill of the reader's buffer: the
+// values are those fscanf reads, and states taken along the way bring
+// reading back from far past them.
+TEST_F(TextFile, LongFilesReadAsTheCLibraryReadsThem)
+{
+	std::string text;
+	for (int i = 0; i < 20000; ++i)
+		text += std::to_string(i) + "," + std::to_string(i * 0.37) + "\n";
+	const std::string path = write(text);
+	Values expected;
+	std::FILE* file = std::fopen(path.c_str(), "r");
+	double a = 0, b = 0;
+	while (file && std::fscanf(file, "%lg,%lg\n", &a, &b) == 2)
+		expected.insert(expected.end(), {a, b});
+	std::fclose(file);
+	ASSERT_TRUE(input.open(path.c_str(), "d,dN"));
+	constexpr size_t kEvery = 7919;
+	std::vector<OsiTextInputState> states;
+	Values values;
+	for (double value = 0;; values.push_back(value))
+	{
+		if (values.size() % kEvery == 0 && values.size() < expected.size())
+			states.push_back(input.getState());
+		if (!input.read(value))
+			break;
+	}
+	EXPECT_EQ(values, expected);
+	for (size_t k = states.size(); k-- > 0;)
+	{
+		input.setState(states[k]);
+		EXPECT_EQ(input.read(), expected[k * kEvery]) << "state " << k;
+	}
+}
+
 TEST_F(TextFile, SkipsHeaderLines)
 {
 	ASSERT_TRUE(input.open(write("time,level\nseconds,dB\n0.5,-3\n").c_str(), "d,dN"));
