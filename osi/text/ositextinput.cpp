@@ -195,7 +195,7 @@ bool OsiTextInput::readDataValue(double& value)
 // position past its layout characters.
 OsiTextInput::Field OsiTextInput::readFieldAt(string_ext<char>& text)
 {
-	const char after = layout[(position + 1) % layout.size()];
+	const char after = layout[position + 1 < layout.size() ? position + 1 : 0];
 	switch (after)
 	{
 	case ' ':
@@ -328,9 +328,13 @@ bool OsiTextInput::onlyBlanksFollow()
 // still moves through the file.
 void OsiTextInput::advance(size_t count)
 {
-	const size_t next = position + count;
-	position = next % layout.size();
-	if (next >= layout.size())
+	// Subtracting, not dividing: a step is at most a little over one layout.
+	size_t next = position + count;
+	const bool wrapped = next >= layout.size();
+	while (next >= layout.size())
+		next -= layout.size();
+	position = next;
+	if (wrapped)
 		readPastCharaters();
 }
 
