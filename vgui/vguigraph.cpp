@@ -287,7 +287,7 @@ void VGuiGraph::graphCursor(VGuiGraphCursor* c)
 	beginUpdate();
 	if (cursor)
 	{
-		invalidateExtent(cursor->extent());
+		invalidateElement(cursor.get(), cursor->extent());
 		cursor->registerGraph(nullptr);
 	}
 	cursor.reset(c);
@@ -727,6 +727,21 @@ void VGuiGraph::invalidateFrame()
 	invalidateExtent(bounds);
 }
 
+void VGuiGraph::invalidateElement(const VGuiGraphElement* element, const VGuiRect& r)
+{
+	if (element && element == cursor.get())
+		invalid = invalid.join(r);
+	else
+		invalidateExtent(r);
+}
+
+VGuiRect VGuiGraph::takeStaleContent()
+{
+	const VGuiRect r = stale;
+	stale = VGuiRect();
+	return r;
+}
+
 void VGuiGraph::invalidateMarkers()
 {
 	markerList.forEach([this](VGuiGraphMarker* m) {
@@ -847,9 +862,9 @@ void VGuiGraph::realizeElements(VSTGUI::CDrawContext* context)
 
 void VGuiGraph::realizeInvalidating(VGuiGraphElement* element, VSTGUI::CDrawContext* context)
 {
-	invalidateExtent(element->extent());
+	invalidateElement(element, element->extent());
 	element->realize(context);
-	invalidateExtent(element->extent());
+	invalidateElement(element, element->extent());
 }
 
 void VGuiGraph::invalidateView()
@@ -859,8 +874,7 @@ void VGuiGraph::invalidateView()
 		host->setDirty(false);
 		return;
 	}
-	const VGuiRect r(std::floor(invalid.left - 1.0), std::floor(invalid.top - 1.0),
-	                 std::ceil(invalid.right + 1.0), std::ceil(invalid.bottom + 1.0));
+	const VGuiRect r = invalid.pixelBounds();
 	invalid = VGuiRect();
 	host->invalidRect(r.toCRect());
 }
@@ -955,6 +969,12 @@ bool VGuiGraph::onMouseWheelEvent(VSTGUI::CPoint& where, const VSTGUI::CMouseWhe
 
 void VGuiGraph::paint(VSTGUI::CDrawContext* context, const VGuiRect& update) const
 {
+	paintContent(context, update);
+	paintCursor(context, update);
+}
+
+void VGuiGraph::paintContent(VSTGUI::CDrawContext* context, const VGuiRect& update) const
+{
 	drawBackground(context, update);
 	{
 		// Data that leave the plot area are cut at its edge.
@@ -984,6 +1004,10 @@ void VGuiGraph::paint(VSTGUI::CDrawContext* context, const VGuiRect& update) con
 		if (e->isActive())
 			e->draw(context, update);
 	});
+}
+
+void VGuiGraph::paintCursor(VSTGUI::CDrawContext* context, const VGuiRect& update) const
+{
 	if (cursor)
 		cursor->draw(context, update);
 }

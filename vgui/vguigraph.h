@@ -183,7 +183,17 @@ public:
 	// Queues an element to be laid out and repainted at the next update.
 	void realize(VGuiGraphElement* element);
 	void invalidateFrame();
-	void invalidateExtent(const VGuiRect& r) { invalid = invalid.join(r); }
+	// What the graph draws below its cursor changed in r: repainted, and no
+	// longer what a picture of the graph without its cursor shows.
+	void invalidateExtent(const VGuiRect& r)
+	{
+		invalid = invalid.join(r);
+		stale = stale.join(r);
+	}
+	// An element's drawing in r changed; the cursor's lies over the rest.
+	void invalidateElement(const VGuiGraphElement* element, const VGuiRect& r);
+	// Where the drawing below the cursor changed since the last call.
+	VGuiRect takeStaleContent();
 	void invalidateMarkers();
 	// Places the graph in its hosting view.
 	void extent(const VGuiRect& r, VSTGUI::CView* view);
@@ -220,6 +230,9 @@ public:
 	// Paints what reaches into update: background, grids, plots (clipped to
 	// the plot area), axes, frame, markers, elements, cursor.
 	void paint(VSTGUI::CDrawContext* context, const VGuiRect& update) const;
+	// All of it but the cursor.
+	void paintContent(VSTGUI::CDrawContext* context, const VGuiRect& update) const;
+	void paintCursor(VSTGUI::CDrawContext* context, const VGuiRect& update) const;
 
 	string_ext<char> title;
 
@@ -272,6 +285,7 @@ private:
 	VGuiRect bounds;
 	VGuiRect plotRect;
 	VGuiRect invalid;
+	VGuiRect stale;
 	VGuiGraphPlotList plotList;
 	VGuiGraphMarkerList markerList;
 	VGuiGraphElementList elementList;

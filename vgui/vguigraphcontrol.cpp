@@ -115,7 +115,7 @@ void VGuiGraphControl::drawRect(CDrawContext* context, const CRect& updateRect)
 void VGuiGraphControl::paint(CDrawContext* context, const VGuiRect& update)
 {
 	if (shown && isVisible())
-		shown->paint(context, update);
+		picture.paint(*shown, context, VGuiRect(getViewSize()), update);
 	setDirty(false);
 }
 

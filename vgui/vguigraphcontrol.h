@@ -8,6 +8,7 @@
 #pragma once
 
 #include "vgui/vgui2dgraph.h"
+#include "vgui/vguigraphcache.h"
 #include "vgui/vguilineplot.h"
 #include "vgui/vguiploteditmsg.h"
 #include "vgui/vguireference.h"
@@ -77,6 +78,8 @@ private:
 	void paint(VSTGUI::CDrawContext* context, const VGuiRect& update);
 
 	VGuiReference<VGui2dGraph> shown;
+	// What lies below the cursor, so that a cursor drag repaints by copying.
+	VGuiGraphCache picture;
 	VGuiReference<VGuiGraphData> adjustedData;
 	VGuiReference<VGuiLinePlot> adjustedPlot;
 	bool fitsParent = false;

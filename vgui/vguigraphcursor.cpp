@@ -123,7 +123,7 @@ void VGuiGraphCursor::visible(bool on)
 	if (!owner)
 		return;
 	owner->beginUpdate();
-	owner->invalidateExtent(bounds);
+	owner->invalidateElement(this, bounds);
 	owner->realize(this);
 	owner->endUpdate();
 }

@@ -77,7 +77,7 @@ void VGuiGraphElement::checkInvalidate(VGuiGraphChanges changes)
 	if (!shouldInvalidate(changes) || !owner)
 		return;
 	owner->realize(this);
-	owner->invalidateExtent(bounds);
+	owner->invalidateElement(this, bounds);
 }
 
 int VGuiGraphElement::precision() const
@@ -93,7 +93,7 @@ void VGuiGraphElement::refresh()
 		return;
 	owner->beginUpdate();
 	owner->realize(this);
-	owner->invalidateExtent(bounds);
+	owner->invalidateElement(this, bounds);
 	owner->endUpdate();
 }
 

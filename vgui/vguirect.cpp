@@ -1,6 +1,7 @@
 #include "vgui/vguirect.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 void VGuiRect::normalise()
@@ -42,4 +43,10 @@ VGuiRect VGuiRect::nullUnlessExtended() const
 	const bool ordered = left <= right && top <= bottom;
 	const bool extended = width() != 0.0 || height() != 0.0;
 	return ordered && extended ? *this : VGuiRect();
+}
+
+VGuiRect VGuiRect::pixelBounds() const
+{
+	return VGuiRect(std::floor(left - 1.0), std::floor(top - 1.0), std::ceil(right + 1.0),
+	                std::ceil(bottom + 1.0));
 }

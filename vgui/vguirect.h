@@ -35,6 +35,9 @@ public:
 	// a width or a height: a single point is empty, a line is not.
 	VGuiRect intersect(const VGuiRect& other) const;
 	void moveBy(const VGuiPoint& d);
+	// Grown by a pixel on every side to whole pixels: what anti-aliased
+	// drawing inside the rectangle may touch.
+	VGuiRect pixelBounds() const;
 
 	bool operator==(const VGuiRect& r) const
 	{

@@ -1,16 +1,24 @@
 // The graph control outside a window: the graph that create() makes from a
 // type description, the global properties it shares, and its size. Drawing
 // and events are driven through a real window in graph_window_test.
+#include "graph_host.h"
 #include "offscreen_canvas.h"
 
+#include "vgui/vguidatacursor.h"
+#include "vgui/vguidatamarker.h"
 #include "vgui/vguiglobalgraphproperties.h"
 #include "vgui/vguigraphaxis.h"
 #include "vgui/vguigraphcontrol.h"
 #include "vgui/vguigraphcontroltypeinfo.h"
 #include "vgui/vguigraphgridproperties.h"
+#include "vgui/vguilineplot.h"
+
+#include "vstgui/lib/cframe.h"
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdlib>
 #include <memory>
 
 namespace velora_test {
@@ -101,6 +109,98 @@ TEST(GraphControl, ResizesItsGraphOnlyWhileVisibleAndNotTransparent)
 		control.setAlphaValue(c.alpha);
 		control.setViewSize(VSTGUI::CRect(0, 0, 250, 150));
 		EXPECT_EQ(control.graph()->extent().right, c.resized ? 250.0 : 300.0);
+	}
+}
+
+// A control in a frame showing a sine under a data cursor that is being
+// dragged.
+struct DraggedGraph
+{
+	DraggedGraph()
+	{
+		control->create(VGuiGraphControlTypeInfo(0, 0, "x", "y"), 1, 0, 1.2, -1.2, 1, 0);
+		graph()->autoScale(false, false);
+		graph()->addPlot(plot.get(), false);
+		frame->addView(control);
+		frame->attached(frame);
+		graph()->graphCursor(made(new VGuiDataCursor(graph(), false, true)).get());
+		control->onMouseDown(at, VSTGUI::CButtonState(VSTGUI::kLButton));
+	}
+	~DraggedGraph() { frame->forget(); }
+
+	static VGuiReference<VGuiGraphData> sine(double periods)
+	{
+		auto data = made(new VGuiGraphData(200, 1));
+		for (int i = 0; i < 200; ++i)
+			(*data)[i] = VGuiGraphPoint(i / 199.0, std::sin(2 * M_PI * periods * i / 199.0), 0);
+		return data;
+	}
+	VGuiGraph* graph() const { return control->graph(); }
+
+	VSTGUI::CFrame* frame = new VSTGUI::CFrame(VSTGUI::CRect(0, 0, 300, 200), nullptr);
+	VGuiGraphControl* control =
+	    new VGuiGraphControl(VSTGUI::CRect(0, 0, 300, 200), nullptr, 0, nullptr);
+	VGuiReference<VGuiLinePlot> plot = made(new VGuiLinePlot(1, sine(3).get()));
+	VSTGUI::CPoint at{150, 100};
+};
+
+// After each change, in turn, and a cursor step, the control's drawing (from
+// its picture of the graph below the cursor) equals the graph painted afresh.
+TEST(GraphControl, DrawsWhatTheGraphPaintsAfreshAfterEachChange)
+{
+	OffscreenCanvas init(1, 1);
+	DraggedGraph g;
+	struct Change
+	{
+		const char* what;
+		void (*apply)(DraggedGraph&);
+	};
+	const Change changes[] = {
+	    {"cursor only", [](DraggedGraph&) {}},
+	    {"data replaced",
+	     [](DraggedGraph& g) { g.plot->graphData(DraggedGraph::sine(4).get(), false); }},
+	    {"plot replaced",
+	     [](DraggedGraph& g) {
+		     auto other = made(new VGuiLinePlot(1, DraggedGraph::sine(5).get()));
+		     g.graph()->replacePlot(g.plot.get(), other.get(), false);
+		     g.plot = other;
+	     }},
+	    {"zoom",
+	     [](DraggedGraph& g) { g.graph()->zoomIn(VGuiPoint(90, 50), VGuiPoint(220, 150)); }},
+	    {"marker added",
+	     [](DraggedGraph& g) {
+		     g.graph()->addMarker(
+		         made(new VGuiDataMarker(g.graph(), g.plot.get(), 60, (*g.plot->graphData())[60]))
+		             .get());
+	     }},
+	    {"plot colour",
+	     [](DraggedGraph& g) {
+		     g.plot->properties(
+		         made(new VGuiGraphPlotProperties(VGuiColour(255, 0, 0), VGuiColour(255, 0, 0),
+		                                          VSTGUI::kLineSolid, 2.0))
+		             .get());
+	     }},
+	};
+	for (const Change& c : changes)
+	{
+		c.apply(g);
+		g.at.x += 7;
+		g.control->onMouseMoved(g.at, VSTGUI::CButtonState(VSTGUI::kLButton));
+		OffscreenCanvas cached(300, 200);
+		OffscreenCanvas fresh(300, 200);
+		// Set, as a window's frame sets it: a new context reports
+		// anti-aliasing but draws aliased until a mode is set.
+		for (OffscreenCanvas* canvas : {&cached, &fresh})
+			canvas->get()->setDrawMode(VSTGUI::kAntiAliasing);
+		g.control->drawRect(cached.get(), g.control->getViewSize());
+		g.graph()->paint(fresh.get(), g.graph()->extent());
+		int differing = 0;
+		for (int y = 0; y < 200; ++y)
+		{
+			for (int x = 0; x < 300; ++x)
+				differing += !(cached.pixel(x, y) == fresh.pixel(x, y));
+		}
+		EXPECT_EQ(differing, 0) << c.what;
 	}
 }
 
