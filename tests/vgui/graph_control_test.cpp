@@ -18,7 +18,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdlib>
+#include <functional>
 #include <memory>
 
 namespace velora_test {
@@ -112,96 +112,66 @@ TEST(GraphControl, ResizesItsGraphOnlyWhileVisibleAndNotTransparent)
 	}
 }
 
-// A control in a frame showing a sine under a data cursor that is being
-// dragged.
-struct DraggedGraph
+VGuiReference<VGuiGraphData> sine(double periods)
 {
-	DraggedGraph()
-	{
-		control->create(VGuiGraphControlTypeInfo(0, 0, "x", "y"), 1, 0, 1.2, -1.2, 1, 0);
-		graph()->autoScale(false, false);
-		graph()->addPlot(plot.get(), false);
-		frame->addView(control);
-		frame->attached(frame);
-		graph()->graphCursor(made(new VGuiDataCursor(graph(), false, true)).get());
-		control->onMouseDown(at, VSTGUI::CButtonState(VSTGUI::kLButton));
-	}
-	~DraggedGraph() { frame->forget(); }
+	auto data = made(new VGuiGraphData(200, 1));
+	for (int i = 0; i < 200; ++i)
+		(*data)[i] = VGuiGraphPoint(i / 199.0, std::sin(2 * M_PI * periods * i / 199.0), 0);
+	return data;
+}
 
-	static VGuiReference<VGuiGraphData> sine(double periods)
-	{
-		auto data = made(new VGuiGraphData(200, 1));
-		for (int i = 0; i < 200; ++i)
-			(*data)[i] = VGuiGraphPoint(i / 199.0, std::sin(2 * M_PI * periods * i / 199.0), 0);
-		return data;
-	}
-	VGuiGraph* graph() const { return control->graph(); }
-
-	VSTGUI::CFrame* frame = new VSTGUI::CFrame(VSTGUI::CRect(0, 0, 300, 200), nullptr);
-	VGuiGraphControl* control =
-	    new VGuiGraphControl(VSTGUI::CRect(0, 0, 300, 200), nullptr, 0, nullptr);
-	VGuiReference<VGuiLinePlot> plot = made(new VGuiLinePlot(1, sine(3).get()));
-	VSTGUI::CPoint at{150, 100};
-};
-
-// After each change, in turn, and a cursor step, the control's drawing (from
-// its picture of the graph below the cursor) equals the graph painted afresh.
+// A data cursor is dragged over a sine; after each change in turn and a
+// cursor step, the control's drawing (its picture of the graph below the
+// cursor, and the cursor) equals the graph painted afresh, pixel for pixel.
 TEST(GraphControl, DrawsWhatTheGraphPaintsAfreshAfterEachChange)
 {
 	OffscreenCanvas init(1, 1);
-	DraggedGraph g;
-	struct Change
-	{
-		const char* what;
-		void (*apply)(DraggedGraph&);
-	};
-	const Change changes[] = {
-	    {"cursor only", [](DraggedGraph&) {}},
-	    {"data replaced",
-	     [](DraggedGraph& g) { g.plot->graphData(DraggedGraph::sine(4).get(), false); }},
-	    {"plot replaced",
-	     [](DraggedGraph& g) {
-		     auto other = made(new VGuiLinePlot(1, DraggedGraph::sine(5).get()));
-		     g.graph()->replacePlot(g.plot.get(), other.get(), false);
-		     g.plot = other;
-	     }},
-	    {"zoom",
-	     [](DraggedGraph& g) { g.graph()->zoomIn(VGuiPoint(90, 50), VGuiPoint(220, 150)); }},
+	auto* frame = new VSTGUI::CFrame(VSTGUI::CRect(0, 0, 300, 200), nullptr);
+	auto* control = new VGuiGraphControl(VSTGUI::CRect(0, 0, 300, 200), nullptr, 0, nullptr);
+	control->create(VGuiGraphControlTypeInfo(0, 0, "x", "y"), 1, 0, 1.2, -1.2, 1, 0);
+	VGuiGraph* graph = control->graph();
+	graph->autoScale(false, false);
+	auto plot = made(new VGuiLinePlot(1, sine(3).get()));
+	graph->addPlot(plot.get(), false);
+	frame->addView(control);
+	frame->attached(frame);
+	graph->graphCursor(made(new VGuiDataCursor(graph, false, true)).get());
+	VSTGUI::CPoint at(150, 100);
+	control->onMouseDown(at, VSTGUI::CButtonState(VSTGUI::kLButton));
+	const std::pair<const char*, std::function<void()>> changes[] = {
+	    {"cursor only", [] {}},
+	    {"data replaced", [&] { plot->graphData(sine(4).get(), false); }},
+	    {"zoom", [&] { graph->zoomIn(VGuiPoint(90, 50), VGuiPoint(220, 150)); }},
 	    {"marker added",
-	     [](DraggedGraph& g) {
-		     g.graph()->addMarker(
-		         made(new VGuiDataMarker(g.graph(), g.plot.get(), 60, (*g.plot->graphData())[60]))
-		             .get());
+	     [&] {
+		     graph->addMarker(
+		         made(new VGuiDataMarker(graph, plot.get(), 60, (*plot->graphData())[60])).get());
 	     }},
 	    {"plot colour",
-	     [](DraggedGraph& g) {
-		     g.plot->properties(
-		         made(new VGuiGraphPlotProperties(VGuiColour(255, 0, 0), VGuiColour(255, 0, 0),
-		                                          VSTGUI::kLineSolid, 2.0))
-		             .get());
+	     [&] {
+		     const VGuiColour red(255, 0, 0);
+		     plot->properties(
+		         made(new VGuiGraphPlotProperties(red, red, VSTGUI::kLineSolid, 1.0)).get());
 	     }},
 	};
-	for (const Change& c : changes)
+	for (const auto& [what, change] : changes)
 	{
-		c.apply(g);
-		g.at.x += 7;
-		g.control->onMouseMoved(g.at, VSTGUI::CButtonState(VSTGUI::kLButton));
-		OffscreenCanvas cached(300, 200);
-		OffscreenCanvas fresh(300, 200);
+		change();
+		at.x += 7;
+		control->onMouseMoved(at, VSTGUI::CButtonState(VSTGUI::kLButton));
+		OffscreenCanvas cached(300, 200), fresh(300, 200);
 		// Set, as a window's frame sets it: a new context reports
 		// anti-aliasing but draws aliased until a mode is set.
 		for (OffscreenCanvas* canvas : {&cached, &fresh})
 			canvas->get()->setDrawMode(VSTGUI::kAntiAliasing);
-		g.control->drawRect(cached.get(), g.control->getViewSize());
-		g.graph()->paint(fresh.get(), g.graph()->extent());
+		control->drawRect(cached.get(), control->getViewSize());
+		graph->paint(fresh.get(), graph->extent());
 		int differing = 0;
-		for (int y = 0; y < 200; ++y)
-		{
-			for (int x = 0; x < 300; ++x)
-				differing += !(cached.pixel(x, y) == fresh.pixel(x, y));
-		}
-		EXPECT_EQ(differing, 0) << c.what;
+		for (int i = 0; i < 300 * 200; ++i)
+			differing += !(cached.pixel(i % 300, i / 300) == fresh.pixel(i % 300, i / 300));
+		EXPECT_EQ(differing, 0) << what;
 	}
+	frame->forget();
 }
 
 } // namespace
