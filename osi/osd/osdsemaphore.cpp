@@ -1,146 +1,131 @@
 #include "osi/osd/osdsemaphore.h"
 
-#include <pthread.h>
-#include <sys/time.h>
+#include "osi/osd/osdthread.h"
+#include "osi/osd/osdwaitonaddress.h"
 
-#include <cerrno>
+#include <algorithm>
+#include <chrono>
+
+#if defined(__x86_64__) || defined(__i386__)
+#include <immintrin.h>
+#endif
 
 namespace {
 
 constexpr int waitTimedOut = 1;
-constexpr int waitFailed = 2;
 
-// The deadline of a wait, measured on the time of day as the condition is.
-timespec deadlineAfter(unsigned int milliseconds)
+// A waiter first polls with the processor's pause hint (about a microsecond
+// in all), then gives its processor to other threads a few times (the thread
+// that will signal may be waiting for one), and only then sleeps.
+constexpr int pauseRounds = 64;
+constexpr int yieldRounds = 4;
+
+void pause()
 {
-	timeval now;
-	gettimeofday(&now, nullptr);
-	long long nanoseconds =
-	    static_cast<long long>(now.tv_usec) * 1000 + (milliseconds % 1000) * 1000000LL;
-	timespec deadline;
-	deadline.tv_sec = now.tv_sec + milliseconds / 1000 + nanoseconds / 1000000000LL;
-	deadline.tv_nsec = static_cast<long>(nanoseconds % 1000000000LL);
-	return deadline;
+#if defined(__x86_64__) || defined(__i386__)
+	_mm_pause();
+#endif
 }
 
-void unlockOnCancel(void* mutex)
+using Clock = std::chrono::steady_clock;
+
+// Milliseconds left until the deadline, rounded up; 0 once it has passed.
+unsigned int millisecondsUntil(Clock::time_point deadline)
 {
-	pthread_mutex_unlock(static_cast<pthread_mutex_t*>(mutex));
+	const auto left = deadline - Clock::now();
+	if (left <= Clock::duration::zero())
+		return 0;
+	return static_cast<unsigned int>(std::chrono::ceil<std::chrono::milliseconds>(left).count());
 }
 
 } // namespace
 
-struct OsdSemaphore::Platform
-{
-	// Creates nothing for an unusable semaphore.
-	explicit Platform(bool usable)
-	{
-		if (!usable)
-			return;
-		conditionCreated = pthread_cond_init(&condition, nullptr) == 0;
-		attributeCreated = pthread_mutexattr_init(&attribute) == 0;
-		if (attributeCreated)
-		{
-			pthread_mutexattr_settype(&attribute, PTHREAD_MUTEX_ERRORCHECK);
-			mutexCreated = pthread_mutex_init(&mutex, &attribute) == 0;
-		}
-	}
-	~Platform()
-	{
-		if (mutexCreated)
-			pthread_mutex_destroy(&mutex);
-		if (attributeCreated)
-			pthread_mutexattr_destroy(&attribute);
-		if (conditionCreated)
-			pthread_cond_destroy(&condition);
-	}
-	Platform(const Platform&) = delete;
-	Platform& operator=(const Platform&) = delete;
-
-	bool isValid() const { return conditionCreated && attributeCreated && mutexCreated; }
-
-	pthread_mutex_t mutex;
-	pthread_mutexattr_t attribute;
-	pthread_cond_t condition;
-	bool conditionCreated = false;
-	bool attributeCreated = false;
-	bool mutexCreated = false;
-	int current = 0;
-	int maximum = 0;
-};
-
 OsdSemaphore::OsdSemaphore(const char* name, int initial, int maximumCount)
-: platform(std::make_unique<Platform>(initial <= maximumCount)),
+: maximum(initial <= maximumCount ? maximumCount : 0),
+  usable(initial <= maximumCount),
   semaphoreName(name ? name : "")
 {
-	if (!platform->isValid())
-		return;
-	platform->maximum = maximumCount;
 	signal(initial);
 }
 
-OsdSemaphore::~OsdSemaphore() = default;
-
-bool OsdSemaphore::isValid() const
+bool OsdSemaphore::tryTake()
 {
-	return platform->isValid();
+	int32_t units = current.load();
+	while (units > 0)
+	{
+		if (current.compare_exchange_weak(units, units - 1))
+			return true;
+	}
+	return false;
+}
+
+bool OsdSemaphore::spinForUnit()
+{
+	for (int round = 0; round < pauseRounds + yieldRounds; ++round)
+	{
+		if (tryTake())
+			return true;
+		if (round < pauseRounds)
+			pause();
+		else
+			OsdThread::yield();
+	}
+	return false;
+}
+
+// A sleeper is counted before it looks at the count for the last time, and a
+// signal raises the count before it looks for sleepers: one of the two always
+// sees the other, so no unit is left while its waiter sleeps on.
+int OsdSemaphore::sleepForUnit(unsigned int milliseconds)
+{
+	const bool limited = milliseconds != OsdInfiniteWait;
+	const Clock::time_point deadline = Clock::now() + std::chrono::milliseconds(milliseconds);
+	sleepers.fetch_add(1);
+	int status = waitTimedOut;
+	while (status != 0)
+	{
+		if (tryTake())
+			status = 0;
+		else if (!limited)
+			osdWaitOnAddress(current, 0, OsdInfiniteWait);
+		else if (const unsigned int left = millisecondsUntil(deadline))
+			osdWaitOnAddress(current, 0, left);
+		else
+			break;
+	}
+	sleepers.fetch_sub(1);
+	return status;
 }
 
 int OsdSemaphore::waitOnSemaphore(unsigned int milliseconds)
 {
-	if (!isValid())
+	if (!usable)
 		return OsdWaitInvalid;
-	Platform& p = *platform;
-	const timespec deadline = deadlineAfter(milliseconds);
-	if (pthread_mutex_lock(&p.mutex) != 0)
-		return waitFailed;
-	int status = 0;
-	pthread_cleanup_push(unlockOnCancel, &p.mutex);
-	while (p.current == 0 && status == 0)
-	{
-		const int result = milliseconds == OsdInfiniteWait
-		                       ? pthread_cond_wait(&p.condition, &p.mutex)
-		                       : pthread_cond_timedwait(&p.condition, &p.mutex, &deadline);
-		if (result == ETIMEDOUT)
-			status = waitTimedOut;
-		else if (result != 0)
-			status = waitFailed;
-	}
-	// A unit that arrived together with the time-out is still taken.
-	if (p.current > 0)
-	{
-		--p.current;
-		status = 0;
-	}
-	pthread_cleanup_pop(1);
-	return status;
+	if (spinForUnit())
+		return 0;
+	return sleepForUnit(milliseconds);
 }
 
 bool OsdSemaphore::signal(long n)
 {
-	if (!isValid() || n < 1)
+	if (!usable || n < 1)
 		return false;
-	Platform& p = *platform;
-	if (pthread_mutex_lock(&p.mutex) != 0)
-		return false;
-	const long room = p.maximum - p.current;
-	const int added = static_cast<int>(n < room ? n : room);
-	p.current += added;
-	// One waiter per unit added: waking only on a rise from 0 would leave a
-	// second waiter asleep when two signals come before the first one runs.
-	for (int i = 0; i < added; ++i)
-		pthread_cond_signal(&p.condition);
-	pthread_mutex_unlock(&p.mutex);
+	int32_t units = current.load();
+	int32_t added = 0;
+	do
+	{
+		added = static_cast<int32_t>(std::min<long>(n, maximum - units));
+		if (added <= 0)
+			return true;
+	} while (!current.compare_exchange_weak(units, units + added));
+	if (sleepers.load() > 0)
+		osdWakeAddress(current, added);
 	return true;
 }
 
 int OsdSemaphore::count() const
 {
-	if (!isValid() || pthread_mutex_lock(&platform->mutex) != 0)
-		return 0;
-	const int value = platform->current;
-	pthread_mutex_unlock(&platform->mutex);
-	return value;
+	return usable ? current.load() : 0;
 }
 
 OsdWaitOnSemaphore::OsdWaitOnSemaphore(OsdSemaphore* semaphore, unsigned int milliseconds)

@@ -1,9 +1,13 @@
-// A counting semaphore with time-outs, on a POSIX mutex and condition.
+// A counting semaphore with time-outs. The count is one atomic word: taking
+// and giving units never locks, and a waiter spins briefly (the unit usually
+// comes within microseconds when threads hand work to each other) before it
+// sleeps in the kernel on the word itself.
 #pragma once
 
 #include "osi/base/referencecount.h"
 
-#include <memory>
+#include <atomic>
+#include <cstdint>
 #include <string>
 
 // A time-out that never expires.
@@ -17,9 +21,8 @@ class OsdSemaphore : public OsiReferenceCount
 public:
 	// With initial > maximum the semaphore is unusable.
 	OsdSemaphore(const char* name, int initial, int maximum);
-	~OsdSemaphore() override;
 
-	bool isValid() const;
+	bool isValid() const { return usable; }
 	const std::string& name() const { return semaphoreName; }
 
 	// Takes one unit, waiting up to the time-out (OsdInfiniteWait: no limit).
@@ -30,11 +33,17 @@ public:
 	int count() const;
 
 private:
-	// The POSIX mutex, its attribute and the condition, whether each was
-	// created, and the count with its maximum, which the mutex guards.
-	struct Platform;
+	bool tryTake();
+	bool spinForUnit();
+	int sleepForUnit(unsigned int milliseconds);
 
-	std::unique_ptr<Platform> platform;
+	std::atomic<int32_t> current{0};
+	// Threads asleep on current (or about to be): a signal wakes them only
+	// when there are any, so a hand-over between running threads makes no
+	// system call.
+	std::atomic<int32_t> sleepers{0};
+	int32_t maximum = 0;
+	bool usable = false;
 	std::string semaphoreName;
 };
 

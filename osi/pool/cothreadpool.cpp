@@ -4,17 +4,12 @@
 
 #include <algorithm>
 #include <atomic>
-#include <chrono>
 #include <cstdio>
 #include <list>
 #include <utility>
 #include <vector>
 
 namespace {
-
-// How long a worker that finished a run watches for the next one before it
-// sleeps: long enough for the dispatching thread to wake and hand one over.
-constexpr std::chrono::microseconds watchTime{200};
 
 // Text that workers finished, waiting for the thread that prints it.
 struct OutputList
@@ -36,10 +31,13 @@ struct PoolState
 	std::unique_ptr<OsdSemaphore, OsiReleaseReference> complete;
 	std::atomic<OsiOutputCallback> stdOutCallback{nullptr};
 	std::atomic<OsiOutputCallback> stdErrCallback{nullptr};
+	std::atomic<bool> closing{false};
+	std::atomic<long long> outstanding{0};
+	// The worker that went idle last: the one most likely still spinning for
+	// its next run rather than asleep, so handing it over needs no wake-up.
+	std::atomic<int> lastIdle{0};
 
 	// Guarded by the pool mutex.
-	bool closing = false;
-	long long outstanding = 0;
 	OutputList stdOut;
 	OutputList stdErr;
 	std::vector<std::unique_ptr<OsiThreadPoolInfo>> workers;
@@ -213,10 +211,7 @@ void OsiThreadPool::shutDown()
 	PoolState& state = pool();
 	if (state.workers.empty())
 		return;
-	{
-		PoolLock lock;
-		state.closing = true;
-	}
+	state.closing.store(true);
 	for (const auto& worker : state.workers)
 		worker->wakeUp->signal(1);
 	for (const auto& worker : state.workers)
@@ -225,12 +220,15 @@ void OsiThreadPool::shutDown()
 	state.workers.clear();
 	state.size.store(0);
 	state.initialised = false;
-	state.closing = false;
-	state.outstanding = 0;
+	state.closing.store(false);
+	state.outstanding.store(0);
+	state.lastIdle.store(0);
 	state.free.reset();
 	state.complete.reset();
 }
 
+// A worker wakes for a run, or at least once a round to see whether the pool
+// closes (a closing pool also wakes it, with no run).
 unsigned int OsiThreadPool::run(void* argument, unsigned int)
 {
 	OsiThreadPoolInfo& info = *static_cast<OsiThreadPoolInfo*>(argument);
@@ -238,73 +236,68 @@ unsigned int OsiThreadPool::run(void* argument, unsigned int)
 		PoolLock lock;
 		info.threadId = OsdThread::threadId();
 	}
-	bool closing = false;
-	while (!closing)
+	PoolState& state = pool();
+	while (!state.closing.load())
 	{
-		if (awaitRun(info))
+		if (info.wakeUp->waitOnSemaphore(roundMilliseconds) != 0)
+			continue;
+		if (OsiParallelBody body = info.body.load())
 		{
-			info.body(info.data, info.index, info.number, info.stdOut);
-			closing = finishRun(info);
+			body(info.data, info.index, info.number, info.stdOut);
+			finishRun(info);
 		}
-		else
-			closing = readCloseFlag();
 	}
-	pool().live.fetch_sub(1);
+	state.live.fetch_sub(1);
 	return 0;
 }
 
-// True when a run was handed over; false after a round without one.
-bool OsiThreadPool::awaitRun(OsiThreadPoolInfo& info)
-{
-	const auto watchEnd = std::chrono::steady_clock::now() + watchTime;
-	while (info.handOver.load() == OsiHandOver::watching &&
-	       std::chrono::steady_clock::now() < watchEnd)
-		OsdThread::yield();
-	OsiHandOver expected = OsiHandOver::watching;
-	info.handOver.compare_exchange_strong(expected, OsiHandOver::sleeping);
-	if (expected == OsiHandOver::assigned)
-		return true;
-	// A run handed over just as the wait timed out leaves a unit behind; it
-	// only cuts the next wait short.
-	info.wakeUp->waitOnSemaphore(roundMilliseconds);
-	return info.handOver.load() == OsiHandOver::assigned;
-}
-
-bool OsiThreadPool::finishRun(OsiThreadPoolInfo& info)
+// The text goes to the lists before the run counts as done, so that the
+// waiting thread's last flush prints it; the worker is idle again only after
+// that, and announced free last.
+void OsiThreadPool::finishRun(OsiThreadPoolInfo& info)
 {
 	PoolState& state = pool();
-	bool closing = false;
-	bool allDone = false;
+	if (!info.stdOut.empty() || !info.stdErr.empty())
 	{
 		PoolLock lock;
-		info.body = nullptr;
-		info.data = nullptr;
-		info.handOver.store(OsiHandOver::watching);
-		allDone = --state.outstanding == 0;
 		collect(info.stdOut, state.stdOut);
 		collect(info.stdErr, state.stdErr);
-		closing = state.closing;
 	}
-	// Signalled after the lock is given back, so that the woken thread does
-	// not go straight to sleep again on it.
-	if (allDone)
+	if (state.outstanding.fetch_sub(1) == 1)
 		state.complete->signal(1);
+	info.data = nullptr;
+	info.body.store(nullptr);
+	state.lastIdle.store(info.number);
 	state.free->signal(1);
-	return closing;
-}
-
-bool OsiThreadPool::readCloseFlag()
-{
-	PoolLock lock;
-	return pool().closing;
 }
 
 void OsiThreadPool::beginRun(int count)
 {
 	if (numberOfThreads() == 0)
 		return;
-	PoolLock lock;
-	pool().outstanding += count;
+	pool().outstanding.fetch_add(count);
+}
+
+// The caller holds a unit of "free", so some worker is idle and unclaimed;
+// several dispatching threads may race for the same one, hence the exchange.
+OsiThreadPoolInfo* OsiThreadPool::claimWorker(OsiParallelBody body)
+{
+	PoolState& state = pool();
+	const auto claim = [body](OsiThreadPoolInfo& worker) {
+		OsiParallelBody idle = nullptr;
+		return worker.body.compare_exchange_strong(idle, body);
+	};
+	OsiThreadPoolInfo& likely = *state.workers[static_cast<size_t>(state.lastIdle.load())];
+	if (claim(likely))
+		return &likely;
+	for (;;)
+	{
+		for (const auto& worker : state.workers)
+		{
+			if (claim(*worker))
+				return worker.get();
+		}
+	}
 }
 
 void OsiThreadPool::addRun(void* data, OsiParallelBody body, int index)
@@ -313,22 +306,10 @@ void OsiThreadPool::addRun(void* data, OsiParallelBody body, int index)
 		return;
 	PoolState& state = pool();
 	state.free->waitOnSemaphore(OsdInfiniteWait);
-	OsiThreadPoolInfo* chosen = nullptr;
-	{
-		PoolLock lock;
-		for (const auto& worker : state.workers)
-		{
-			if (worker->body)
-				continue;
-			worker->data = data;
-			worker->body = body;
-			worker->index = index;
-			chosen = worker.get();
-			break;
-		}
-	}
-	if (chosen && chosen->handOver.exchange(OsiHandOver::assigned) == OsiHandOver::sleeping)
-		chosen->wakeUp->signal(1);
+	OsiThreadPoolInfo* worker = claimWorker(body);
+	worker->data = data;
+	worker->index = index;
+	worker->wakeUp->signal(1);
 }
 
 void OsiThreadPool::waitForCompletion()
@@ -340,10 +321,7 @@ void OsiThreadPool::waitForCompletion()
 	while (!done)
 	{
 		state.complete->waitOnSemaphore(roundMilliseconds);
-		{
-			PoolLock lock;
-			done = state.outstanding <= 0;
-		}
+		done = state.outstanding.load() <= 0;
 		flushStdOutAndStdErr();
 	}
 }

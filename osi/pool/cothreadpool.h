@@ -25,19 +25,9 @@ struct OsiReleaseReference
 	void operator()(OsiReferenceCount* object) const { object->release(); }
 };
 
-// How a run reaches a worker. A worker that has just finished one watches for
-// the next for a moment (the dispatching thread then only marks it assigned);
-// after that it sleeps on its wake-up semaphore, which the dispatcher signals.
-// Handing over without sleeping spares two thread wake-ups per index.
-enum class OsiHandOver
-{
-	watching,
-	sleeping,
-	assigned
-};
-
 // One worker: its thread, the semaphore that wakes it, its collected text and
-// the run handed to it (body null while idle).
+// the run handed to it. A dispatching thread claims an idle worker by setting
+// its body (null while idle), then fills in data and index and signals it.
 struct OsiThreadPoolInfo
 {
 	OsiThreadPoolInfo(int number, OsdThreadType type);
@@ -46,12 +36,11 @@ struct OsiThreadPoolInfo
 	std::unique_ptr<OsdSemaphore, OsiReleaseReference> wakeUp;
 	string_ext<char> stdOut;
 	string_ext<char> stdErr;
-	OsiParallelBody body = nullptr;
+	std::atomic<OsiParallelBody> body{nullptr};
 	void* data = nullptr;
 	const int number;
 	int index = 0;
 	OsdThreadId threadId = 0;
-	std::atomic<OsiHandOver> handOver{OsiHandOver::watching};
 };
 
 // All state is static: there is one pool per process. It opens on first use
@@ -116,8 +105,7 @@ private:
 	static bool open(int threads, OsdThreadType type);
 	static void shutDown();
 	static unsigned int run(void* info, unsigned int threadNumber);
-	static bool awaitRun(OsiThreadPoolInfo& info);
-	static bool finishRun(OsiThreadPoolInfo& info);
-	static bool readCloseFlag();
+	static void finishRun(OsiThreadPoolInfo& info);
+	static OsiThreadPoolInfo* claimWorker(OsiParallelBody body);
 	static bool writeToStdString(const char* text, bool toStdOut);
 };
