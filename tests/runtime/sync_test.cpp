@@ -6,6 +6,8 @@
 
 #include <atomic>
 #include <chrono>
+#include <memory>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -201,21 +203,93 @@ TEST(Semaphore, TwoQuickSignalsWakeTwoWaiters)
 	EXPECT_EQ(statuses[1], 0);
 }
 
-TEST(Semaphore, EveryUnitSignalledIsTakenOnce)
+// Consumers that sleep without limit, sleep with short time-outs (a sleeper
+// that leaves on its own must not swallow a wake-up meant for another), or
+// only poll: every unit is taken exactly once either way.
+struct Traffic
 {
+	const char* name;
+	int producers;
+	int consumers;
+	unsigned int milliseconds;
+};
+
+class SemaphoreTraffic : public ::testing::TestWithParam<Traffic>
+{};
+
+TEST_P(SemaphoreTraffic, EveryUnitSignalledIsTakenOnce)
+{
+	const Traffic traffic = GetParam();
 	OsdSemaphore semaphore("queue", 0, 1 << 30);
-	constexpr int perProducer = 5000;
+	constexpr int units = 10000;
 	std::atomic<int> taken{0};
-	onThreads(4, [&](int index) {
-		for (int i = 0; i < perProducer; ++i)
-			if (index < 2)
+	onThreads(traffic.producers + traffic.consumers, [&](int index) {
+		if (index < traffic.producers)
+		{
+			for (int i = 0; i < units / traffic.producers; ++i)
 				semaphore.signal(1);
-			else if (semaphore.waitOnSemaphore(OsdInfiniteWait) == 0)
-				++taken;
+			return;
+		}
+		for (int mine = 0; mine < units / traffic.consumers;)
+		{
+			if (semaphore.waitOnSemaphore(traffic.milliseconds) == 0)
+				++mine;
+		}
+		taken += units / traffic.consumers;
 	});
-	EXPECT_EQ(taken, 2 * perProducer);
+	EXPECT_EQ(taken, units);
 	EXPECT_EQ(semaphore.count(), 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(Semaphore, SemaphoreTraffic,
+                         ::testing::Values(Traffic{"sleeping", 2, 2, OsdInfiniteWait},
+                                           Traffic{"shortTimeOuts", 1, 4, 1},
+                                           Traffic{"polling", 4, 1, 0}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// A token passed around a ring of threads, each waiting on its own semaphore
+// of one unit and signalling the next: the thread pool's hand-over. Holding
+// the token for a while sends the others from spinning to sleeping, so that
+// both ways of waiting meet signals. A wake-up lost between a sleeper and its
+// signal stops the ring; the generous time-out makes that a failure, not a
+// hang.
+struct Ring
+{
+	const char* name;
+	int size;
+	int holdIterations;
+};
+
+class SemaphoreRing : public ::testing::TestWithParam<Ring>
+{};
+
+TEST_P(SemaphoreRing, TheTokenGoesRoundWithoutALostWakeUp)
+{
+	const Ring ring = GetParam();
+	constexpr int rounds = 1000;
+	std::vector<std::unique_ptr<OsdSemaphore>> semaphores;
+	for (int i = 0; i < ring.size; ++i)
+		semaphores.push_back(std::make_unique<OsdSemaphore>("ring", 0, 1));
+	std::atomic<int> received{0};
+	semaphores[0]->signal(1);
+	onThreads(ring.size, [&](int index) {
+		for (int round = 0; round < rounds; ++round)
+		{
+			if (semaphores[static_cast<size_t>(index)]->waitOnSemaphore(30000) != 0)
+				return;
+			++received;
+			for (volatile int held = 0; held < ring.holdIterations; held = held + 1)
+			{}
+			semaphores[static_cast<size_t>((index + 1) % ring.size)]->signal(1);
+		}
+	});
+	EXPECT_EQ(received, ring.size * rounds);
+}
+
+INSTANTIATE_TEST_SUITE_P(Semaphore, SemaphoreRing,
+                         ::testing::Values(Ring{"twoSpinning", 2, 0}, Ring{"threeMixed", 3, 2000},
+                                           Ring{"fiveSleeping", 5, 20000}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST(Mutex, OwnerReentersAndMustReleaseAsOftenAsTaken)
 {
