@@ -8,6 +8,7 @@
 #include <atomic>
 #include <chrono>
 #include <climits>
+#include <memory>
 #include <ostream>
 #include <stdexcept>
 #include <string>
@@ -418,5 +419,30 @@ TEST(ParallelFor, AnExceptionLeavingALoopStillClosesThePool)
 	EXPECT_EQ(runsNotOnce(counts), 0) << "the pool did not recover";
 	expectClosed();
 }
+
+// Loops started on several threads at once share the pool: their dispatchers
+// race each other for the idle workers, and no index is lost or run twice.
+class ConcurrentLoops : public testing::TestWithParam<int>
+{};
+
+TEST_P(ConcurrentLoops, EveryIndexOfEveryLoopRunsOnce)
+{
+	constexpr int count = 2000;
+	std::vector<std::unique_ptr<Counts>> loops;
+	for (int loop = 0; loop < GetParam(); ++loop)
+		loops.push_back(std::make_unique<Counts>(loop * count, count));
+	std::vector<std::thread> dispatchers;
+	for (const auto& loop : loops)
+		dispatchers.emplace_back([counts = loop.get()] {
+			parallelFor(counts, countRun, counts->first, counts->first + count, false);
+		});
+	for (std::thread& dispatcher : dispatchers)
+		dispatcher.join();
+	for (const auto& loop : loops)
+		EXPECT_EQ(runsNotOnce(*loop), 0) << "loop from " << loop->first;
+	expectClosed();
+}
+
+INSTANTIATE_TEST_SUITE_P(ParallelFor, ConcurrentLoops, testing::Values(2, 4));
 
 } // namespace
