@@ -28,11 +28,20 @@ function(velora_add_test name)
     PROPERTIES ENVIRONMENT "${ARG_ENVIRONMENT}")
 endfunction()
 
-# velora_add_fuzzer(NAME SOURCES... [LIBS libs...] [SECONDS n] [SEEDS dir])
+# velora_add_fuzzer(NAME SOURCES... [LIBS libs...] [SECONDS n] [SEEDS dir] [REPLAY])
 # A libFuzzer target (address build only), with a bounded fuzz run as a CTest
-# test. The run starts from the files in the SEEDS folder, if given.
+# test. The run starts from the files in the SEEDS folder, if given. With
+# REPLAY, the main build also runs the target's check once on every seed
+# (NAME_replay), so that the seeds guard it as plain tests.
 function(velora_add_fuzzer name)
-  cmake_parse_arguments(ARG "" "SECONDS;SEEDS" "LIBS" ${ARGN})
+  cmake_parse_arguments(ARG "REPLAY" "SECONDS;SEEDS" "LIBS" ${ARGN})
+  if(ARG_REPLAY AND ARG_SEEDS AND NOT VELORA_SANITIZE)
+    add_executable(${name}_replay ${ARG_UNPARSED_ARGUMENTS}
+                   "${PROJECT_SOURCE_DIR}/tests/support/fuzz_replay.cpp")
+    target_link_libraries(${name}_replay PRIVATE ${ARG_LIBS} velora_warnings)
+    target_include_directories(${name}_replay PRIVATE "${PROJECT_SOURCE_DIR}/tests")
+    add_test(NAME ${name}_replay COMMAND ${name}_replay "${ARG_SEEDS}")
+  endif()
   if(NOT VELORA_SANITIZE STREQUAL "address")
     return()
   endif()
