@@ -37,19 +37,6 @@ TEST_F(Controller, OnlyTheExactNameEditorMakesAView)
 	EXPECT_EQ(controller->createView(nullptr), nullptr);
 }
 
-TEST_F(Controller, ParameterAsPublished)
-{
-	ASSERT_EQ(controller->getParameterCount(), 1);
-	ParameterInfo info{};
-	ASSERT_EQ(controller->getParameterInfo(0, info), kResultTrue);
-	EXPECT_EQ(info.id, 100u);
-	EXPECT_EQ(info.stepCount, 0);
-	EXPECT_EQ(info.defaultNormalizedValue, 0.5);
-	EXPECT_EQ(info.flags, 9);
-	EXPECT_EQ(controller->getParamNormalized(100), 0.5);
-	EXPECT_DOUBLE_EQ(controller->plainParamToNormalized(100, 45.0), 0.75);
-}
-
 TEST_F(Controller, ViewsOfAnotherClassAreNotListed)
 {
 	auto other = owned(new EditorView(controller));
@@ -156,60 +143,46 @@ struct SelfTest : ::testing::Test
 	    FUnknownPtr<IEditController>(owned(NxVeloraController::createInstance(nullptr))).take());
 };
 
-TEST_F(SelfTest, NullContextAddsNothing)
-{
-	EXPECT_EQ(factory->createTests(nullptr, suite), kResultOk);
-	EXPECT_TRUE(suite->names.empty());
-}
-
-TEST_F(SelfTest, ContextWithoutProviderAddsNothing)
+TEST_F(SelfTest, AContextWithoutAProviderAddsNothing)
 {
 	auto host = owned(new HostApplication);
-	EXPECT_EQ(factory->createTests(host.get(), suite), kResultOk);
-	EXPECT_TRUE(suite->names.empty());
+	for (FUnknown* context : {static_cast<FUnknown*>(nullptr), static_cast<FUnknown*>(host.get())})
+	{
+		EXPECT_EQ(factory->createTests(context, suite), kResultOk);
+		EXPECT_TRUE(suite->names.empty());
+	}
 }
 
-TEST_F(SelfTest, ReportsBothHalvesCorrect)
+// What the one test reports for the halves a provider hands out.
+TEST_F(SelfTest, ReportsEachHalf)
 {
-	auto provider = owned(new FakeProvider(processor, editController));
-	ASSERT_EQ(factory->createTests(provider, suite), kResultOk);
-	ASSERT_EQ(suite->names, std::vector<std::string>{"NxVeloraTest"});
-	ITest* test = suite->tests[0];
-	EXPECT_EQ(std::u16string(test->getDescription()), u"Torvik Velora Test");
-	EXPECT_EQ(test->getDescription(), test->getDescription());
-	EXPECT_TRUE(test->setup());
-	RecordingResult result;
-	EXPECT_TRUE(test->run(&result));
-	EXPECT_TRUE(test->teardown());
-	EXPECT_EQ(result.messages,
-	          (std::vector<std::u16string>{u"Correct IEditController", u"Correct IComponent"}));
-	EXPECT_TRUE(result.errors.empty());
-}
-
-TEST_F(SelfTest, ProviderWithoutControllerFails)
-{
-	auto provider = owned(new FakeProvider(processor, nullptr));
-	factory->createTests(provider, suite);
-	ASSERT_EQ(suite->tests.size(), 1u);
-	RecordingResult result;
-	EXPECT_FALSE(suite->tests[0]->run(&result));
-	EXPECT_EQ(result.errors, std::vector<std::u16string>{u"Unknown IEditController"});
-	EXPECT_EQ(result.messages, std::vector<std::u16string>{u"Correct IComponent"});
-}
-
-TEST_F(SelfTest, HalvesOfTheWrongKindFail)
-{
-	// The controller handed as component and the other way round: both are
-	// SDK objects, neither of the expected kind.
-	FUnknownPtr<IComponent> wrongComponent(editController);
-	auto provider = owned(new FakeProvider(nullptr, nullptr));
-	provider->controller = FUnknownPtr<IEditController>(processor);
-	factory->createTests(provider, suite);
-	RecordingResult result;
-	EXPECT_FALSE(suite->tests[0]->run(&result));
-	EXPECT_EQ(result.errors,
-	          (std::vector<std::u16string>{u"Unknown IEditController", u"Unknown IComponent"}));
-	EXPECT_FALSE(wrongComponent);
+	struct Halves
+	{
+		IComponent* component;
+		IEditController* controller;
+		std::vector<std::u16string> errors;
+		std::vector<std::u16string> messages;
+	};
+	const Halves rows[] = {
+	    {processor, editController, {}, {u"Correct IEditController", u"Correct IComponent"}},
+	    {processor, nullptr, {u"Unknown IEditController"}, {u"Correct IComponent"}},
+	    {nullptr, nullptr, {u"Unknown IEditController", u"Unknown IComponent"}, {}},
+	};
+	for (const Halves& row : rows)
+	{
+		suite = owned(new RecordingSuite);
+		auto provider = owned(new FakeProvider(row.component, row.controller));
+		ASSERT_EQ(factory->createTests(provider, suite), kResultOk);
+		ASSERT_EQ(suite->names, std::vector<std::string>{"NxVeloraTest"});
+		ITest* test = suite->tests[0];
+		EXPECT_EQ(std::u16string(test->getDescription()), u"Torvik Velora Test");
+		EXPECT_TRUE(test->setup());
+		RecordingResult result;
+		EXPECT_EQ(test->run(&result), row.errors.empty());
+		EXPECT_TRUE(test->teardown());
+		EXPECT_EQ(result.errors, row.errors);
+		EXPECT_EQ(result.messages, row.messages);
+	}
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include <dlfcn.h>
 #include <unistd.h>
 
+#include <iterator>
 #include <vector>
 
 namespace velora_test {
@@ -46,35 +47,39 @@ TEST(Bundle, FactoryInfo)
 
 TEST(Bundle, ListsExactlyTheThreeClassesInOrder)
 {
+	struct Class
+	{
+		const char* category;
+		const char* name;
+		uint32 flags;
+		const char* subCategories;
+		const char* version;
+		const char* sdkVersion;
+		const char* id;
+	};
+	const Class expected[] = {
+	    {"Audio Module Class", "Torvik Velora", 1, "Fx|Pan", "1.0.1.1", "VST 3.6.0",
+	     "C356A247A696417FBA6DB95A1B8DDC69"},
+	    {"Component Controller Class", "Torvik Velora Controller", 0, "", "1.0.1.1", "VST 3.6.0",
+	     "79E776E5ECD64C06BB7F0A4769541053"},
+	    {"Test Class", "Torvik Velora Test Factory", 0, "", "", "",
+	     "74731DBC99E64A0091362418E7301087"},
+	};
 	const auto classes = loadedModule()->getFactory().classInfos();
-	ASSERT_EQ(classes.size(), 3u);
-
-	EXPECT_EQ(classes[0].category(), "Audio Module Class");
-	EXPECT_EQ(classes[0].name(), "Torvik Velora");
-	EXPECT_EQ(classes[0].classFlags(), 1u);
-	EXPECT_EQ(classes[0].subCategoriesString(), "Fx|Pan");
-	EXPECT_EQ(classes[0].version(), "1.0.1.1");
-	EXPECT_EQ(classes[0].sdkVersion(), "VST 3.6.0");
-	EXPECT_EQ(classes[0].ID().toString(false), "C356A247A696417FBA6DB95A1B8DDC69");
-
-	EXPECT_EQ(classes[1].category(), "Component Controller Class");
-	EXPECT_EQ(classes[1].name(), "Torvik Velora Controller");
-	EXPECT_EQ(classes[1].classFlags(), 0u);
-	EXPECT_EQ(classes[1].subCategoriesString(), "");
-	EXPECT_EQ(classes[1].version(), "1.0.1.1");
-	EXPECT_EQ(classes[1].sdkVersion(), "VST 3.6.0");
-	EXPECT_EQ(classes[1].ID().toString(false), "79E776E5ECD64C06BB7F0A4769541053");
-
-	EXPECT_EQ(classes[2].category(), "Test Class");
-	EXPECT_EQ(classes[2].name(), "Torvik Velora Test Factory");
-	EXPECT_EQ(classes[2].classFlags(), 0u);
-	EXPECT_EQ(classes[2].subCategoriesString(), "");
-	EXPECT_EQ(classes[2].version(), "");
-	EXPECT_EQ(classes[2].sdkVersion(), "");
-	EXPECT_EQ(classes[2].ID().toString(false), "74731DBC99E64A0091362418E7301087");
-
-	for (const auto& c : classes)
-		EXPECT_EQ(c.cardinality(), 0x7FFFFFFF) << c.name();
+	ASSERT_EQ(classes.size(), std::size(expected));
+	for (size_t i = 0; i < classes.size(); ++i)
+	{
+		const auto& c = classes[i];
+		const Class& e = expected[i];
+		EXPECT_EQ(c.category(), e.category);
+		EXPECT_EQ(c.name(), e.name);
+		EXPECT_EQ(c.classFlags(), e.flags) << e.name;
+		EXPECT_EQ(c.subCategoriesString(), e.subCategories) << e.name;
+		EXPECT_EQ(c.version(), e.version) << e.name;
+		EXPECT_EQ(c.sdkVersion(), e.sdkVersion) << e.name;
+		EXPECT_EQ(c.ID().toString(false), e.id) << e.name;
+		EXPECT_EQ(c.cardinality(), 0x7FFFFFFF) << e.name;
+	}
 }
 
 TEST(Bundle, GetPluginFactoryHandsOutOneFactoryWithAReferenceEach)
@@ -116,8 +121,8 @@ TEST(Bundle, ControllerReportsThePanParameter)
 	EXPECT_DOUBLE_EQ(plug.controller->normalizedParamToPlain(100, 1.0), 90.0);
 }
 
-// One block through the loaded plug-in, at the centre and then fully left,
-// against the law's knot values.
+// One block through the loaded plug-in, at the centre's published gain (the
+// in-process tests check every other angle).
 TEST(Bundle, ProcessesABlockAsThePanLawSays)
 {
 	PlugPair plug;
@@ -133,8 +138,6 @@ TEST(Bundle, ProcessesABlockAsThePanLawSays)
 
 	HostProcessData data;
 	ASSERT_TRUE(data.prepare(*plug.component, kBlock, kSample32));
-	ParameterChanges changes(1);
-	data.inputParameterChanges = &changes;
 	data.numSamples = kBlock;
 	for (int32 i = 0; i < kBlock; ++i)
 		data.inputs[0].channelBuffers32[0][i] = 0.5f * static_cast<float>(i % 9 - 4) / 4.0f;
@@ -148,18 +151,6 @@ TEST(Bundle, ProcessesABlockAsThePanLawSays)
 		EXPECT_EQ(left[i], static_cast<float>(input[i] * 0.56811975));
 		EXPECT_EQ(right[i], static_cast<float>(input[i] * 0.56811975));
 	}
-
-	// Fully left, announced twice so that the second block sits still at -90:
-	// the near channel at the law's -90 gain, the far one low-passed.
-	for (int pass = 0; pass < 2; ++pass)
-	{
-		changes.clearQueue();
-		int32 index = 0;
-		changes.addParameterData(100, index)->addPoint(0, 0.0, index);
-		audio->process(data);
-	}
-	for (int32 i = 0; i < kBlock; ++i)
-		EXPECT_EQ(left[i], static_cast<float>(input[i] * 1.25527334));
 
 	audio->setProcessing(false);
 	plug.component->setActive(false);

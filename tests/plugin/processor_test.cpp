@@ -1,14 +1,14 @@
-// The audio processor through the SDK interfaces: buses, arrangements, sample
-// sizes, activation, parameter queues, the glide and the far channel.
+// The audio processor through the SDK interfaces: buses and arrangements, the
+// settled gains, and every block against the plain per-sample reference.
 #include "nxvelora_processor.h"
 #include "support/naive_pan.h"
 #include "support/processor_harness.h"
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <cstring>
 #include <random>
+#include <string>
 
 namespace velora_test {
 namespace {
@@ -31,14 +31,9 @@ FUnknown* newProcessor()
 	return NxVeloraProcessor::createInstance(nullptr);
 }
 
-// The far channel beyond 30 degrees: the input through the law's filter.
-std::vector<double> lowPassed(const std::vector<float>& in, double rate = kRate)
+std::u16string nameOf(const BusInfo& info)
 {
-	LowPassFilter filter(rate, 1000.0);
-	std::vector<double> out;
-	for (float s : in)
-		out.push_back(filter.y(s));
-	return out;
+	return reinterpret_cast<const char16_t*>(info.name);
 }
 
 TEST(Processor, BusesAndArrangements)
@@ -52,21 +47,32 @@ TEST(Processor, BusesAndArrangements)
 	EXPECT_EQ(info.channelCount, 1);
 	EXPECT_EQ(info.busType, kMain);
 	EXPECT_TRUE(info.flags & BusInfo::kDefaultActive);
-	EXPECT_EQ(std::u16string(reinterpret_cast<const char16_t*>(info.name)), u"Mono In");
+	EXPECT_EQ(nameOf(info), u"Mono In");
 	comp->getBusInfo(kAudio, kOutput, 0, info);
 	EXPECT_EQ(info.channelCount, 2);
-	EXPECT_EQ(std::u16string(reinterpret_cast<const char16_t*>(info.name)), u"Stereo Out");
+	EXPECT_EQ(nameOf(info), u"Stereo Out");
 
+	struct Request
+	{
+		SpeakerArrangement in[2];
+		int32 inputs;
+		SpeakerArrangement out;
+		tresult answer;
+	};
+	const SpeakerArrangement mono = SpeakerArr::kMono, stereo = SpeakerArr::kStereo;
+	const Request requests[] = {{{mono}, 1, stereo, kResultTrue},
+	                            {{stereo}, 1, stereo, kResultTrue},
+	                            {{SpeakerArr::k51}, 1, stereo, kResultFalse},
+	                            {{mono}, 1, mono, kResultFalse},
+	                            {{mono}, 0, stereo, kResultFalse},
+	                            {{mono, mono}, 2, stereo, kResultFalse}};
 	IAudioProcessor* audio = host.processor();
-	SpeakerArrangement mono = SpeakerArr::kMono, stereo = SpeakerArr::kStereo;
-	SpeakerArrangement surround = SpeakerArr::k51;
-	EXPECT_EQ(audio->setBusArrangements(&mono, 1, &stereo, 1), kResultTrue);
-	EXPECT_EQ(audio->setBusArrangements(&stereo, 1, &stereo, 1), kResultTrue);
-	EXPECT_EQ(audio->setBusArrangements(&surround, 1, &stereo, 1), kResultFalse);
-	EXPECT_EQ(audio->setBusArrangements(&mono, 1, &mono, 1), kResultFalse);
-	EXPECT_EQ(audio->setBusArrangements(&mono, 0, &stereo, 1), kResultFalse);
-	SpeakerArrangement two[2] = {SpeakerArr::kMono, SpeakerArr::kMono};
-	EXPECT_EQ(audio->setBusArrangements(two, 2, &stereo, 1), kResultFalse);
+	for (const Request& r : requests)
+	{
+		SpeakerArrangement in[2] = {r.in[0], r.in[1]}, out = r.out;
+		EXPECT_EQ(audio->setBusArrangements(in, r.inputs, &out, 1), r.answer)
+		    << r.inputs << " inputs of " << r.in[0] << " to " << r.out;
+	}
 
 	// Fixed answers whatever was accepted, and for any index.
 	SpeakerArrangement arr = 0;
@@ -82,204 +88,130 @@ TEST(Processor, BusesAndArrangements)
 	EXPECT_EQ(audio->setupProcessing(setup), kResultFalse);
 }
 
-TEST(Processor, ControllerClassIsTheEditController)
+// Once settled at an angle, each channel is the input or its low-passed copy
+// times the published gains (far side times the far-channel gain).
+TEST(Processor, SettledAnglesGiveThePublishedGains)
 {
-	FUnknownPtr<IComponent> comp(owned(newProcessor()));
-	TUID cid;
-	ASSERT_EQ(comp->getControllerClassId(cid), kResultTrue);
-	EXPECT_TRUE(FUID::fromTUID(cid) == FUID(0x79E776E5, 0xECD64C06, 0xBB7F0A47, 0x69541053));
-}
-
-TEST(Processor, CentreGivesEqualGainsOnBothSides)
-{
-	ProcessorHarness host(newProcessor(), kRate, kBlock);
-	const auto in = noise(kBlock);
-	const auto out = host.run(in);
-	for (int32 i = 0; i < kBlock; ++i)
+	struct Settled
 	{
-		EXPECT_EQ(out.left[i], static_cast<float>(in[i] * 0.56811975));
-		EXPECT_EQ(out.right[i], out.left[i]);
-	}
-}
-
-TEST(Processor, ThirtyDegreesPutsTheSignalInOneChannel)
-{
-	for (double angle : {-30.0, 30.0})
+		double angle;
+		double leftGain;
+		bool leftFiltered;
+		double rightGain;
+	};
+	const Settled rows[] = {{-30.0, 1.0, false, 0.0},
+	                        {30.0, 0.0, false, 1.0},
+	                        {90.0, -0.6000523 * 1.125214, true, 1.25527334}};
+	for (const Settled& row : rows)
 	{
 		ProcessorHarness host(newProcessor(), kRate, kBlock);
-		const auto in = noise(kBlock);
-		host.runWithPan(in, normalizedPan(angle));                  // glides from 0
-		const auto out = host.runWithPan(in, normalizedPan(angle)); // settles
-		const auto& near = angle < 0 ? out.left : out.right;
-		const auto& far = angle < 0 ? out.right : out.left;
-		for (int32 i = 0; i < kBlock; ++i)
+		const auto in = noise(2 * kBlock, 3);
+		const std::vector<float> first(in.begin(), in.begin() + kBlock),
+		    second(in.begin() + kBlock, in.end());
+		host.runWithPan(first, normalizedPan(row.angle));                   // glides from 0
+		const auto out = host.runWithPan(second, normalizedPan(row.angle)); // settled
+		LowPassFilter filter(kRate, 1000.0);
+		for (size_t i = 0; i < in.size(); ++i)
 		{
-			EXPECT_EQ(near[i], in[i]) << angle;
-			EXPECT_EQ(far[i], 0.0f) << angle;
+			const double f = filter.y(in[i]);
+			if (i < kBlock)
+				continue;
+			const size_t at = i - kBlock;
+			EXPECT_EQ(out.left[at],
+			          static_cast<float>((row.leftFiltered ? f : in[i]) * row.leftGain))
+			    << row.angle << " at " << i;
+			EXPECT_EQ(out.right[at], static_cast<float>(in[i] * row.rightGain))
+			    << row.angle << " at " << i;
 		}
 	}
-}
-
-TEST(Processor, FullRightCarriesTheFilteredInvertedCopyOnTheLeft)
-{
-	ProcessorHarness host(newProcessor(), kRate, kBlock);
-	const auto in = noise(4 * kBlock, 3);
-	std::vector<float> left, right;
-	for (int b = 0; b < 4; ++b)
-	{
-		std::vector<float> block(in.begin() + b * kBlock, in.begin() + (b + 1) * kBlock);
-		auto out = b < 2 ? host.runWithPan(block, 1.0) : host.run(block);
-		left.insert(left.end(), out.left.begin(), out.left.end());
-		right.insert(right.end(), out.right.begin(), out.right.end());
-	}
-	const auto f = lowPassed(in);
-	// Blocks 1..3 sit at +90 (block 0 glides there from 0).
-	for (size_t i = kBlock; i < in.size(); ++i)
-	{
-		EXPECT_EQ(right[i], static_cast<float>(in[i] * 1.25527334)) << i;
-		EXPECT_EQ(left[i], static_cast<float>(f[i] * -0.6000523 * 1.125214)) << i;
-	}
-}
-
-TEST(Processor, OnlyTheLastPointOfAQueueCounts)
-{
-	ProcessorHarness host(newProcessor(), kRate, kBlock);
-	const auto in = noise(kBlock);
-	host.run(in, {{100, {0.0, 1.0, normalizedPan(-30)}}});
-	const auto out = host.run(in, {{100, {0.9, normalizedPan(-30)}}});
-	for (int32 i = 0; i < kBlock; ++i)
-	{
-		EXPECT_EQ(out.left[i], in[i]);
-		EXPECT_EQ(out.right[i], 0.0f);
-	}
-}
-
-TEST(Processor, OneChangeRepeatsItsGlideInEveryLaterBlock)
-{
-	ProcessorHarness host(newProcessor(), kRate, kBlock);
-	const auto in = noise(kBlock, 5);
-	const auto first = host.runWithPan(in, normalizedPan(60));
-	const auto second = host.run(in);
-	const auto third = host.run(in);
-	// Every block starts again at 0 degrees and heads for 60.
-	EXPECT_EQ(first.left[0], static_cast<float>(in[0] * 0.56811975));
-	EXPECT_EQ(second.left[0], static_cast<float>(in[0] * 0.56811975));
-	EXPECT_EQ(second.right, third.right);
-	// The near (right) channel does not depend on filter history: identical.
-	EXPECT_EQ(first.right, second.right);
-	// The glide is the one the plain per-sample reference computes.
-	VeloraLaw law(kRate);
-	std::vector<float> l(kBlock), r(kBlock);
-	naivePan(law, 0.0, 60.0, in.data(), l.data(), r.data(), kBlock);
-	EXPECT_EQ(first.left, l);
-	EXPECT_EQ(first.right, r);
 }
 
 // The processor's rendering against the plain per-sample reference, bit for
-// bit, over many blocks of many sizes: steady angles, glides across every
-// knot and across +-30 degrees, repeated glides, knots hit exactly, and
-// glides across a knot so short that their rounded angles waver about it.
+// bit, over many blocks of many sizes (empty ones too): steady angles, glides
+// across every knot and across +-30 degrees, blocks without a change that
+// repeat the glide, queues of several points (the last counts), queues of
+// other parameters (ignored), reactivation (the filter starts cleared), knots
+// hit exactly, and glides across a knot so short that their rounded angles
+// waver about it.
 TEST(Processor, MatchesThePlainReferenceBitForBit)
 {
 	ProcessorHarness host(newProcessor(), kRate, 1024);
-	VeloraLaw law(kRate);
+	auto law = std::make_unique<VeloraLaw>(kRate);
 	double previous = 0.0, current = 0.0;
-	unsigned block = 0;
-	// One block, after a change to value unless it is negative.
-	const auto check = [&](int32 size, double value) {
-		const auto in = noise(static_cast<size_t>(size), block++);
-		std::vector<std::pair<ParamID, std::vector<double>>> changes;
-		if (value >= 0.0)
-		{
-			changes.push_back({100, {value}});
-			previous = current;
-			current = value * (90.0 - -90.0) + -90.0;
-		}
-		const auto out = host.run(in, changes);
-		std::vector<float> l(size), r(size);
-		naivePan(law, previous, current, in.data(), l.data(), r.data(), size);
-		ASSERT_EQ(0, std::memcmp(out.left.data(), l.data(), sizeof(float) * size))
-		    << "block " << block << " from " << previous << " to " << current;
-		ASSERT_EQ(0, std::memcmp(out.right.data(), r.data(), sizeof(float) * size))
-		    << "block " << block << " from " << previous << " to " << current;
-	};
 	std::mt19937 rng(2024);
 	std::uniform_real_distribution<double> anyValue(0.0, 1.0);
+	unsigned block = 0;
+	// One block after the given queue for the pan parameter (none when empty),
+	// behind a change to another parameter.
+	const auto check = [&](int32 size, const std::vector<double>& queue) {
+		SCOPED_TRACE("block " + std::to_string(block));
+		const auto in = noise(static_cast<size_t>(size), block++);
+		std::vector<std::pair<ParamID, std::vector<double>>> changes;
+		if (!queue.empty())
+		{
+			changes.push_back({101, {anyValue(rng)}});
+			changes.push_back({100, queue});
+			previous = current;
+			current = queue.back() * 180.0 - 90.0;
+		}
+		if (block % 97 == 96)
+		{
+			host.component()->setActive(false);
+			host.component()->setActive(true);
+			law = std::make_unique<VeloraLaw>(kRate);
+		}
+		const auto out = host.run(in, changes);
+		std::vector<float> l(static_cast<size_t>(size)), r(static_cast<size_t>(size));
+		naivePan(*law, previous, current, in.data(), l.data(), r.data(), size);
+		ASSERT_EQ(0, std::memcmp(out.left.data(), l.data(), sizeof(float) * l.size()))
+		    << "from " << previous << " to " << current;
+		ASSERT_EQ(0, std::memcmp(out.right.data(), r.data(), sizeof(float) * r.size()))
+		    << "from " << previous << " to " << current;
+	};
 	std::uniform_int_distribution<int> knot(0, VeloraLaw::n - 1);
-	const int32 sizes[] = {1, 2, 3, 7, 63, 64, 65, 128, 500, 512, 1024};
+	const int32 sizes[] = {1, 2, 3, 7, 63, 64, 65, 128, 500, 512, 1024, 0};
 	for (int i = 0; i < 600 && !HasFatalFailure(); ++i)
 	{
-		const int choice = i % 4;
-		check(sizes[i % (sizeof(sizes) / sizeof(sizes[0]))],
-		      choice == 0   ? anyValue(rng)
-		      : choice == 3 ? -1.0
-		                    : normalizedPan(VeloraLaw::x[knot(rng)]));
+		const int32 size = sizes[i % (sizeof(sizes) / sizeof(sizes[0]))];
+		const int choice = i % 5;
+		const double value = choice == 0 ? anyValue(rng) : normalizedPan(VeloraLaw::x[knot(rng)]);
+		if (choice == 2)
+			check(size, {anyValue(rng), value});
+		else if (choice < 3)
+			check(size, {value});
+		else
+			check(size, {});
 	}
 	for (const double x : VeloraLaw::x)
 		for (const double nudge : {1e-16, 2e-16})
 			for (const int32 size : {64, 512, 1024})
 				for (const double side : {-1.0, 1.0, -1.0})
 					if (!HasFatalFailure())
-						check(size, normalizedPan(x) + side * nudge);
+						check(size, {normalizedPan(x) + side * nudge});
 }
 
-TEST(Processor, QueuesForOtherParametersAreIgnored)
+// Two ways a host may leave the processor: only input channel 0 read from a
+// stereo input, and outputs left as they are while it was never activated.
+TEST(Processor, StereoInputReadsChannelZeroAndAnInactiveOneWritesNothing)
 {
-	ProcessorHarness host(newProcessor(), kRate, kBlock);
-	const auto in = noise(kBlock);
-	const auto out = host.run(in, {{101, {1.0}}, {0, {0.0}}});
-	for (int32 i = 0; i < kBlock; ++i)
-		EXPECT_EQ(out.left[i], static_cast<float>(in[i] * 0.56811975));
-}
-
-TEST(Processor, StereoInputAcceptedButOnlyChannelZeroIsRead)
-{
-	ProcessorHarness host(newProcessor(), kRate, kBlock, false);
-	SpeakerArrangement stereo = SpeakerArr::kStereo;
-	ASSERT_EQ(host.processor()->setBusArrangements(&stereo, 1, &stereo, 1), kResultTrue);
-	host.component()->setActive(true);
-	const auto in = noise(kBlock);
-	const auto out = host.run(in);
-	for (int32 i = 0; i < kBlock; ++i)
-		EXPECT_EQ(out.left[i], static_cast<float>(in[i] * 0.56811975));
-	host.component()->setActive(false);
-}
-
-TEST(Processor, NeverActivatedLeavesOutputsUntouched)
-{
-	ProcessorHarness host(newProcessor(), kRate, kBlock, false);
-	const auto out = host.run(noise(kBlock), {{100, {1.0}}}, 0.25f);
-	for (int32 i = 0; i < kBlock; ++i)
+	for (const bool stereoIn : {true, false})
 	{
-		EXPECT_EQ(out.left[i], 0.25f);
-		EXPECT_EQ(out.right[i], 0.25f);
+		ProcessorHarness host(newProcessor(), kRate, kBlock, false);
+		SpeakerArrangement stereo = SpeakerArr::kStereo;
+		ASSERT_EQ(host.processor()->setBusArrangements(&stereo, 1, &stereo, 1), kResultTrue);
+		if (stereoIn)
+			host.component()->setActive(true);
+		const auto in = noise(kBlock);
+		const auto out = host.run(in, {}, 0.25f);
+		for (int32 i = 0; i < kBlock; ++i)
+		{
+			const float expected = stereoIn ? static_cast<float>(in[i] * 0.56811975) : 0.25f;
+			EXPECT_EQ(out.left[i], expected) << i;
+			EXPECT_EQ(out.right[i], expected) << i;
+		}
+		if (stereoIn)
+			host.component()->setActive(false);
 	}
-}
-
-TEST(Processor, EmptyBlockWritesNothing)
-{
-	ProcessorHarness host(newProcessor(), kRate, kBlock);
-	const auto out = host.run({}, {{100, {1.0}}});
-	EXPECT_TRUE(out.left.empty());
-	// The change still counts: the next block glides from 0 to 90.
-	const auto in = noise(kBlock);
-	const auto next = host.run(in);
-	EXPECT_EQ(next.left[0], static_cast<float>(in[0] * 0.56811975));
-	EXPECT_NE(next.right[kBlock - 1], static_cast<float>(in[kBlock - 1] * 0.56811975));
-}
-
-TEST(Processor, ReactivationStartsTheFilterCleared)
-{
-	ProcessorHarness host(newProcessor(), kRate, kBlock);
-	const auto in = noise(kBlock, 9);
-	host.runWithPan(in, 1.0);
-	const auto before = host.runWithPan(in, 1.0);
-	host.component()->setActive(false);
-	host.component()->setActive(true);
-	const auto after = host.runWithPan(in, 1.0);
-	const auto f = lowPassed(in);
-	EXPECT_EQ(after.left[0], static_cast<float>(f[0] * -0.6000523 * 1.125214));
-	EXPECT_NE(before.left[0], after.left[0]);
 }
 
 } // namespace
