@@ -165,130 +165,49 @@ INSTANTIATE_TEST_SUITE_P(EverySet, FourierInstructions,
 	                         return std::string(kInstructionNames[static_cast<int>(info.param)]);
                          });
 
-TEST(FourierTransform, ImpulseAndAllOnesTransformIntoEachOther)
+TEST(FourierSize, RoundsUpToAPowerOfTwoAndIgnoresWhatIsOutOfRange)
 {
-	OsiFourier f(10);
-	f.data()[0] = {1.0, 0.0};
-	f.fourierTransform(true);
-	for (int i = 0; i < f.size(); ++i)
+	const struct
 	{
-		ASSERT_EQ(f.data()[i].re, 1.0) << i;
-		ASSERT_EQ(f.data()[i].im, 0.0) << i;
-	}
-	f.fourierTransform(false);
-	for (int i = 0; i < f.size(); ++i)
+		int size, order; // order < 0: set by size
+		int expectedOrder;
+		bool keepsSamples;
+	} cases[] = {{1024, -1, 10, true},  {0, 10, 10, true},  {1000, -1, 10, true},
+	             {1025, -1, 11, false}, {3, -1, 2, false},  {0, 20, 10, true},
+	             {0, -1, 10, true},     {-5, -1, 10, true}, {(1 << 19) + 1, -1, 10, true},
+	             {0, 19, 19, false}};
+	for (const auto& c : cases)
 	{
-		ASSERT_EQ(f.data()[i].re, i == 0 ? 1.0 : 0.0) << i;
-		ASSERT_EQ(f.data()[i].im, 0.0) << i;
+		OsiFourier f(10);
+		f.data()[1] = {7.0, 2.0};
+		if (c.order >= 0 || c.size == 0)
+			f.order(c.order);
+		else
+			f.size(c.size);
+		EXPECT_EQ(f.order(), c.expectedOrder) << c.size << " " << c.order;
+		EXPECT_EQ(f.size(), 1 << c.expectedOrder);
+		EXPECT_EQ(f.data()[1], (c.keepsSamples ? OsiComplex{7.0, 2.0} : OsiComplex{0.0, 0.0}));
 	}
 }
 
-TEST(FourierTransform, ForwardThenInverseRestoresTheSamples)
+TEST(FourierSamples, CopiesNullAndConjugate)
 {
-	const std::vector<OsiComplex> samples = randomSamples(4096, 3);
-	OsiFourier f = loaded(samples);
-	f.fourierTransform(true);
-	f.fourierTransform(false);
-	EXPECT_LE(relativeError(f.data(), samples), 1e-12);
-}
-
-TEST(FourierTransform, SingleSampleIsLeftAlone)
-{
-	OsiFourier f;
-	f.size(1);
-	ASSERT_EQ(f.size(), 1);
-	f.data()[0] = {0.25, -3.5};
-	f.fourierTransform(true);
-	EXPECT_EQ(f.data()[0], (OsiComplex{0.25, -3.5}));
-	f.fourierTransform(false);
-	EXPECT_EQ(f.data()[0], (OsiComplex{0.25, -3.5}));
-}
-
-TEST(FourierTransform, WithoutSamplesDoesNothing)
-{
-	OsiFourier f;
-	f.fourierTransform(true);
-	f.null();
-	f.conjugate();
-	EXPECT_EQ(f.data(), nullptr);
-	EXPECT_EQ(f.size(), 0);
-}
-
-TEST(FourierSize, RoundsUpToAPowerOfTwo)
-{
-	OsiFourier f;
-	f.size(1000);
-	EXPECT_EQ(f.order(), 10);
-	EXPECT_EQ(f.size(), 1024);
-	f.size(1024);
-	EXPECT_EQ(f.order(), 10);
-	f.size(1025);
-	EXPECT_EQ(f.order(), 11);
-	f.size(3);
-	EXPECT_EQ(f.size(), 4);
-}
-
-TEST(FourierSize, AnUnchangedOrderKeepsTheSamplesAndANewOneZeroesThem)
-{
-	OsiFourier f;
-	f.size(1024);
-	f.data()[5] = {1.0, 2.0};
-	f.size(1024);
-	EXPECT_EQ(f.data()[5], (OsiComplex{1.0, 2.0}));
-	f.order(10);
-	EXPECT_EQ(f.data()[5], (OsiComplex{1.0, 2.0}));
-	f.order(9);
-	f.order(10);
-	EXPECT_EQ(f.data()[5], (OsiComplex{0.0, 0.0}));
-}
-
-TEST(FourierSize, OutOfRangeOrdersAndSizesAreIgnored)
-{
-	OsiFourier f(4);
-	f.data()[1] = {7.0, 0.0};
-	f.order(20);
-	f.order(-1);
-	f.size(0);
-	f.size(-5);
-	f.size((1 << 19) + 1);
-	EXPECT_EQ(f.order(), 4);
-	EXPECT_EQ(f.size(), 16);
-	EXPECT_EQ(f.data()[1], (OsiComplex{7.0, 0.0}));
-	f.order(19);
-	EXPECT_EQ(f.size(), 1 << 19);
-}
-
-TEST(FourierConstruction, ByOrderAndByCopy)
-{
-	EXPECT_EQ(OsiFourier(0).data(), nullptr);
+	EXPECT_EQ(OsiFourier(0).data(), nullptr); // one sample is order 0, which holds none
 	EXPECT_EQ(OsiFourier(20).data(), nullptr);
-	OsiFourier f(3);
-	ASSERT_EQ(f.size(), 8);
-	for (int i = 0; i < 8; ++i)
-		EXPECT_EQ(f.data()[i], (OsiComplex{0.0, 0.0}));
-	f.data()[2] = {1.5, -2.5};
-	OsiFourier copy(f);
-	EXPECT_EQ(copy.order(), 3);
-	EXPECT_NE(copy.data(), f.data());
-	EXPECT_EQ(copy.data()[2], (OsiComplex{1.5, -2.5}));
-
-	// A one-sample block is of order 0, which copies as empty.
-	OsiFourier single;
-	single.size(1);
-	EXPECT_EQ(OsiFourier(single).data(), nullptr);
-}
-
-TEST(FourierSamples, NullAndConjugate)
-{
+	OsiFourier empty;
+	empty.fourierTransform(true);
+	empty.conjugate();
+	EXPECT_EQ(empty.data(), nullptr);
 	OsiFourier f(2);
 	f.data()[0] = {1.0, 2.0};
 	f.data()[3] = {-3.0, -4.0};
+	OsiFourier copy(f);
 	f.conjugate();
 	EXPECT_EQ(f.data()[0], (OsiComplex{1.0, -2.0}));
 	EXPECT_EQ(f.data()[3], (OsiComplex{-3.0, 4.0}));
 	f.null();
-	for (int i = 0; i < 4; ++i)
-		EXPECT_EQ(f.data()[i], (OsiComplex{0.0, 0.0}));
+	EXPECT_EQ(f.data()[3], (OsiComplex{0.0, 0.0}));
+	EXPECT_EQ(copy.data()[3], (OsiComplex{-3.0, -4.0}));
 }
 
 } // namespace

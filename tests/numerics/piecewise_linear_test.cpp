@@ -1,3 +1,5 @@
+// The piecewise-linear fit: hand-worked solutions of its normal equations,
+// refusals, and evaluation between and beyond the knots.
 #include "osi/numerics/osipiecewiselinearfitter.h"
 #include "osi/numerics/osisplinevector.h"
 
@@ -67,26 +69,6 @@ TEST(PiecewiseLinearFitter, SolvesTheNormalEquationsWithItsEliminationRule)
 	EXPECT_EQ(fitter.knots()[1].x, 1.0);
 }
 
-TEST(PiecewiseLinearFitter, TheSumsOfTheNormalEquations)
-{
-	Source source = handWorkedCase();
-	OsiPiecewiseLinearFitter fitter(3, static_cast<int>(source.points.size()), Source::callback,
-	                                &source);
-	const OsiPiecewiseLinearPoint* p = source.points.data();
-	const int n = static_cast<int>(source.points.size());
-	EXPECT_DOUBLE_EQ(fitter.find_BetaX(1, {0.0, 1.25}), 0.25);
-	EXPECT_DOUBLE_EQ(fitter.find_Ain(0, p, n), 1.25);
-	EXPECT_DOUBLE_EQ(fitter.find_Cin(0, p, n), 0.25);
-	EXPECT_DOUBLE_EQ(fitter.find_Din(0, p, n), 2.0);
-	EXPECT_DOUBLE_EQ(fitter.find_Ain(1, p, n), 1.875);
-	EXPECT_DOUBLE_EQ(fitter.find_Cin(1, p, n), 0.625);
-	EXPECT_DOUBLE_EQ(fitter.find_Din(1, p, n), 5.0);
-	EXPECT_DOUBLE_EQ(fitter.find_Bjn(1, p, n), 0.25);
-	EXPECT_DOUBLE_EQ(fitter.find_Ejn(1, p, n), 1.0);
-	EXPECT_DOUBLE_EQ(fitter.find_Bjn(2, p, n), 0.875);
-	EXPECT_DOUBLE_EQ(fitter.find_Ejn(2, p, n), 1.0);
-}
-
 TEST(PiecewiseLinearFitter, TwoKnotsThroughALine)
 {
 	// One interval: row 0 (A0, C0, D0), row 1 (B1 - C0, E1 + factor D0).
@@ -113,22 +95,13 @@ TEST(PiecewiseLinearFitter, RefusesTooFewKnotsOrPointsAndAFailingSource)
 	EXPECT_FALSE(fitter.initialise(3, 9, Source::callback, &source));
 	EXPECT_EQ(fitter.count(), 0);
 	EXPECT_EQ(fitter.knots(), nullptr);
-}
-
-TEST(PiecewiseLinearFitter, TheSplineVectorFormAlwaysFails)
-{
-	// Its knot source refuses the null y with which knot abscissae are asked.
+	// The spline-vector form always fails: its knot source refuses the null y
+	// with which knot abscissae are asked.
 	OsiSplineVector v(5);
 	for (int i = 0; i < 5; ++i)
-	{
-		v.abscissa()[i] = i;
-		v.ordinate()[i] = 2.0 * i;
-	}
-	OsiPiecewiseLinearFitter fitter;
+		v.abscissa()[i] = v.ordinate()[i] = i;
 	EXPECT_FALSE(fitter.initialise(2, v));
-	EXPECT_EQ(fitter.count(), 0);
-	OsiPiecewiseLinearFitter constructed(2, v);
-	EXPECT_EQ(constructed.count(), 0);
+	EXPECT_EQ(OsiPiecewiseLinearFitter(2, v).count(), 0);
 }
 
 TEST(PiecewiseLinearFitter, EvaluatesSegmentsAndExtendsTheEnds)
@@ -153,7 +126,7 @@ TEST(PiecewiseLinearFitter, EvaluatesSegmentsAndExtendsTheEnds)
 	EXPECT_EQ(context.index, 0);
 	EXPECT_EQ(context.knot, fitter.knots());
 
-	OsiPiecewiseLinearFitter copy(fitter);
+	const OsiPiecewiseLinearFitter copy(fitter);
 	OsiPiecewiseLinearContext other;
 	copy.findContext(1.5, other);
 	EXPECT_DOUBLE_EQ(copy.evaluateContext(1.5, other), (y1 + y2) / 2);
