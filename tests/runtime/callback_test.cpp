@@ -1,177 +1,127 @@
-// Callback rings: newest member first, members that unlink themselves.
+// Callback rings: newest member first, a claim ends the walk, and members that
+// unlink or delete themselves (or others) during it.
 #include "osi/runtime/cocallback.h"
 
 #include <gtest/gtest.h>
 
+#include <deque>
+#include <functional>
 #include <string>
 
 namespace {
 
-struct Log
+// Members that log their name (and the message's character) when called and
+// then do what they were told.
+struct Ring
 {
-	std::string calls;
-};
-
-struct Member
-{
-	char name;
-	Log* log;
-	bool claim = false;
-	bool unlinkSelf = false;
-	OsiCallbackInstance* self = nullptr;
-};
-
-bool record(void* data, void* message)
-{
-	auto* member = static_cast<Member*>(data);
-	member->log->calls += member->name;
-	if (message)
-		member->log->calls += *static_cast<const char*>(message);
-	if (member->unlinkSelf)
-		member->self->unlink();
-	return member->claim;
-}
-
-TEST(Callback, NotifyingAnEmptyRingReturnsFalse)
-{
-	OsiCallbackInstance head;
-	EXPECT_FALSE(head.isLinked());
-	EXPECT_FALSE(head.notify(nullptr));
-}
-
-TEST(Callback, NewestMemberIsCalledFirstUntilOneClaims)
-{
-	Log log;
-	Member a{'A', &log}, b{'B', &log}, c{'C', &log};
-	OsiCallbackInstance head, memberA(record, &a), memberB(record, &b), memberC(record, &c);
-	OsiCallbackInstance silent(nullptr, nullptr);
-	head.link(&memberA);
-	head.link(&silent);
-	head.link(&memberB);
-	head.link(nullptr);
-	const char message = '!';
-	EXPECT_FALSE(head.notify(const_cast<char*>(&message)));
-	EXPECT_EQ(log.calls, "B!A!");
-
-	head.link(&memberC);
-	c.claim = true;
-	log.calls.clear();
-	EXPECT_TRUE(head.notify(nullptr));
-	EXPECT_EQ(log.calls, "C");
-}
-
-TEST(Callback, MemberThatUnlinksItselfDoesNotStopTheWalk)
-{
-	Log log;
-	Member a{'A', &log}, b{'B', &log}, c{'C', &log};
-	OsiCallbackInstance head, memberA(record, &a), memberB(record, &b), memberC(record, &c);
-	b.self = &memberB;
-	b.unlinkSelf = true;
-	head.link(&memberA);
-	head.link(&memberB);
-	head.link(&memberC);
-	EXPECT_FALSE(head.notify(nullptr));
-	EXPECT_EQ(log.calls, "CBA");
-	EXPECT_FALSE(memberB.isLinked());
-	log.calls.clear();
-	head.notify(nullptr);
-	EXPECT_EQ(log.calls, "CA");
-}
-
-struct Unlinker
-{
-	Log* log;
-	OsiCallbackInstance* self;
-	OsiCallbackInstance* other;
-};
-
-bool unlinkSelfThenOther(void* data, void*)
-{
-	auto* member = static_cast<Unlinker*>(data);
-	member->log->calls += 'U';
-	member->self->unlink();
-	member->other->unlink();
-	return false;
-}
-
-TEST(Callback, MemberThatUnlinksItselfAndTheOneBeforeItDoesNotStopTheWalk)
-{
-	Log log;
-	Member x{'X', &log}, d{'D', &log};
-	OsiCallbackInstance head, memberX(record, &x), memberD(record, &d);
-	Unlinker u{&log, nullptr, &memberX};
-	OsiCallbackInstance memberU(unlinkSelfThenOther, &u);
-	u.self = &memberU;
-	head.link(&memberD);
-	head.link(&memberU);
-	head.link(&memberX);
-	EXPECT_FALSE(head.notify(nullptr));
-	EXPECT_EQ(log.calls, "XUD");
-	log.calls.clear();
-	head.notify(nullptr);
-	EXPECT_EQ(log.calls, "D");
-}
-
-struct SelfDeleting
-{
-	Log* log;
-	OsiCallbackInstance* self;
-};
-
-bool deleteSelf(void* data, void*)
-{
-	auto* member = static_cast<SelfDeleting*>(data);
-	member->log->calls += 'D';
-	delete member->self;
-	return false;
-}
-
-TEST(Callback, MemberThatDeletesItselfDoesNotStopTheWalk)
-{
-	Log log;
-	Member a{'A', &log}, c{'C', &log};
-	OsiCallbackInstance head, memberA(record, &a), memberC(record, &c);
-	SelfDeleting d{&log, nullptr};
-	d.self = new OsiCallbackInstance(deleteSelf, &d);
-	head.link(&memberA);
-	head.link(d.self);
-	head.link(&memberC);
-	head.notify(nullptr);
-	EXPECT_EQ(log.calls, "CDA");
-	log.calls.clear();
-	head.notify(nullptr);
-	EXPECT_EQ(log.calls, "CA");
-}
-
-TEST(Callback, LinkingAMemberSplicesItsWholeRing)
-{
-	Log log;
-	Member a{'A', &log}, b{'B', &log}, c{'C', &log};
-	OsiCallbackInstance head, memberA(record, &a), memberB(record, &b), memberC(record, &c);
-	head.link(&memberA);
-	memberB.link(&memberC); // a ring B, C without a head
-	head.link(&memberB);
-	head.notify(nullptr);
-	EXPECT_EQ(log.calls, "BCA");
-}
-
-TEST(Callback, CopiesAndDestroyedMembersLeaveTheRingIntact)
-{
-	Log log;
-	Member a{'A', &log}, b{'B', &log};
-	OsiCallbackInstance head, memberA(record, &a);
-	head.link(&memberA);
+	struct Member
 	{
-		OsiCallbackInstance memberB(record, &b);
-		head.link(&memberB);
-		OsiCallbackInstance copy(memberB);
-		EXPECT_FALSE(copy.isLinked());
-		head.notify(nullptr);
-		EXPECT_EQ(log.calls, "BA");
+		char name;
+		Ring* ring;
+		bool claim, unlinkSelf, deleteSelf;
+		OsiCallbackInstance* alsoUnlink;
+		OsiCallbackInstance* self;
+	};
+
+	static bool called(void* data, void* message)
+	{
+		auto* m = static_cast<Member*>(data);
+		m->ring->log += m->name;
+		if (message)
+			m->ring->log += *static_cast<const char*>(message);
+		if (m->unlinkSelf)
+			m->self->unlink();
+		if (m->alsoUnlink)
+			m->alsoUnlink->unlink();
+		if (m->deleteSelf)
+			delete m->self;
+		return m->claim;
 	}
-	log.calls.clear();
-	head.notify(nullptr);
-	EXPECT_EQ(log.calls, "A");
+
+	OsiCallbackInstance* add(char name, bool claim = false, bool unlinkSelf = false,
+	                         bool deleteSelf = false, OsiCallbackInstance* alsoUnlink = nullptr)
+	{
+		members.push_back({name, this, claim, unlinkSelf, deleteSelf, alsoUnlink, nullptr});
+		auto* instance = new OsiCallbackInstance(called, &members.back());
+		members.back().self = instance;
+		if (!deleteSelf)
+			owned.emplace_back(instance);
+		return instance;
+	}
+
+	OsiCallbackInstance head;
+	std::string log;
+	std::deque<Member> members;
+	std::deque<std::unique_ptr<OsiCallbackInstance>> owned;
+};
+
+TEST(Callback, WalksTheRingNewestFirst)
+{
+	const struct
+	{
+		const char* what;
+		std::function<void(Ring&)> build;
+		const char* first; // log of the first walk (message '!')
+		bool claimed;
+		const char* second; // log of a second walk (no message)
+	} cases[] = {
+	    {"a silent member and a null link",
+	     [](Ring& r) {
+		     OsiCallbackInstance* a = r.add('A');
+		     r.owned.emplace_back(new OsiCallbackInstance(nullptr, nullptr));
+		     r.head.link(a), r.head.link(r.owned.back().get()), r.head.link(r.add('B'));
+		     r.head.link(nullptr);
+	     },
+	     "B!A!", false, "BA"},
+	    {"a claim ends the walk",
+	     [](Ring& r) { r.head.link(r.add('A')), r.head.link(r.add('B', true)); }, "B!", true, "B"},
+	    {"a member unlinks itself",
+	     [](Ring& r) {
+		     r.head.link(r.add('A')), r.head.link(r.add('B', false, true)), r.head.link(r.add('C'));
+	     },
+	     "C!B!A!", false, "CA"},
+	    {"a member unlinks itself and the one called before it",
+	     [](Ring& r) {
+		     OsiCallbackInstance* x = r.add('X');
+		     r.head.link(r.add('D')), r.head.link(r.add('U', false, true, false, x)),
+		         r.head.link(x);
+	     },
+	     "X!U!D!", false, "D"},
+	    {"a member deletes itself",
+	     [](Ring& r) {
+		     r.head.link(r.add('A')), r.head.link(r.add('D', false, false, true));
+		     r.head.link(r.add('C'));
+	     },
+	     "C!D!A!", false, "CA"},
+	    {"linking a member splices its whole ring",
+	     [](Ring& r) {
+		     OsiCallbackInstance* b = r.add('B');
+		     r.head.link(r.add('A')), b->link(r.add('C')), r.head.link(b);
+	     },
+	     "B!C!A!", false, "BCA"},
+	    {"a destroyed member leaves the ring",
+	     [](Ring& r) {
+		     r.head.link(r.add('A')), r.head.link(r.add('B'));
+		     r.owned.pop_back();
+	     },
+	     "A!", false, "A"},
+	};
+	for (const auto& c : cases)
+	{
+		Ring ring;
+		c.build(ring);
+		const char message = '!';
+		EXPECT_EQ(ring.head.notify(const_cast<char*>(&message)), c.claimed) << c.what;
+		EXPECT_EQ(ring.log, c.first) << c.what;
+		ring.log.clear();
+		ring.head.notify(nullptr);
+		EXPECT_EQ(ring.log, c.second) << c.what;
+	}
+	OsiCallbackInstance alone, copied(Ring::called, nullptr);
+	EXPECT_FALSE(alone.isLinked());
+	EXPECT_FALSE(alone.notify(nullptr));
+	alone.link(&copied);
+	EXPECT_FALSE(OsiCallbackInstance(copied).isLinked()); // a copy joins no ring
 }
 
 } // namespace

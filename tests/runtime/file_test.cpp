@@ -1,67 +1,40 @@
 // The absolute path of an existing file.
 #include "osi/runtime/cofile.h"
+#include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <climits>
-#include <cstdio>
-#include <cstdlib>
+#include <filesystem>
+#include <fstream>
 #include <string>
 
 namespace {
 
-class WorkingDirectory : public testing::Test
+TEST(WorkingDirectory, FindsExistingFilesAgainstTheWorkingDirectory)
 {
-protected:
-	void SetUp() override
-	{
-		char pattern[] = "/tmp/velora_file_test_XXXXXX";
-		ASSERT_NE(mkdtemp(pattern), nullptr);
-		char resolved[PATH_MAX];
-		ASSERT_NE(realpath(pattern, resolved), nullptr);
-		directory = resolved;
-		ASSERT_EQ(mkdir((directory + "/sub").c_str(), 0700), 0);
-		std::FILE* file = std::fopen((directory + "/file.txt").c_str(), "w");
-		ASSERT_NE(file, nullptr);
-		std::fclose(file);
-		ASSERT_NE(getcwd(previous, sizeof previous), nullptr);
-		ASSERT_EQ(chdir(directory.c_str()), 0);
-	}
-	void TearDown() override
-	{
-		EXPECT_EQ(chdir(previous), 0);
-		std::remove((directory + "/file.txt").c_str());
-		rmdir((directory + "/sub").c_str());
-		rmdir(directory.c_str());
-	}
-
-	std::string directory;
+	const velora_test::TempFolder folder;
+	std::filesystem::create_directory(folder.path("sub"));
+	std::ofstream(folder.path("file.txt")) << "x";
 	char previous[PATH_MAX];
-};
-
-TEST_F(WorkingDirectory, RelativePathsAreTakenAgainstTheWorkingDirectory)
-{
-	std::string result;
-	ASSERT_TRUE(OsiWorkingDir::findAbsoluteFilePath("file.txt", result));
-	EXPECT_EQ(result, directory + "/file.txt");
-	result.clear();
-	ASSERT_TRUE(OsiWorkingDir::findAbsoluteFilePath("./sub/../file.txt", result));
-	EXPECT_EQ(result, directory + "/file.txt");
-	ASSERT_TRUE(OsiWorkingDir::findAbsoluteFilePath((directory + "/file.txt").c_str(), result));
-	EXPECT_EQ(result, directory + "/file.txt");
-}
-
-TEST_F(WorkingDirectory, MissingFilesAndDirectoriesFail)
-{
+	ASSERT_NE(getcwd(previous, sizeof previous), nullptr);
+	ASSERT_EQ(chdir(folder.path().c_str()), 0);
+	const std::string file = folder.path("file.txt");
+	for (const std::string& path :
+	     {std::string("file.txt"), std::string("./sub/../file.txt"), file})
+	{
+		std::string result;
+		EXPECT_TRUE(OsiWorkingDir::findAbsoluteFilePath(path.c_str(), result)) << path;
+		EXPECT_EQ(result, file);
+	}
 	std::string result = "unchanged";
-	EXPECT_FALSE(OsiWorkingDir::findAbsoluteFilePath("missing.txt", result));
-	EXPECT_FALSE(OsiWorkingDir::findAbsoluteFilePath("sub", result));
-	EXPECT_FALSE(OsiWorkingDir::findAbsoluteFilePath("", result));
+	for (const char* missing : {"missing.txt", "sub", ""})
+		EXPECT_FALSE(OsiWorkingDir::findAbsoluteFilePath(missing, result)) << missing;
 	EXPECT_FALSE(OsiWorkingDir::findAbsoluteFilePath(nullptr, result));
 	EXPECT_EQ(result, "unchanged");
+	EXPECT_EQ(chdir(previous), 0);
 }
 
 } // namespace
