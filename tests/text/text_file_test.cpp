@@ -1,39 +1,42 @@
 // A text file's lines, formatted output and hex dump, written and read back.
 #include "osi/text/ositextfile.h"
+#include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <string>
 
 namespace {
 
 TEST(OsiTextFile, WritesAndReadsItsText)
 {
-	const std::string path = ::testing::TempDir() + "velora_osi_text.txt";
+	const velora_test::TempFolder folder;
 	OsiTextFile text;
-	ASSERT_TRUE(text.open(path.c_str(), "w+b"));
+	ASSERT_TRUE(text.open(folder.path("text.txt").c_str(), "w+b"));
 	EXPECT_EQ(text.printf("%d-%s", 42, "x"), 4);
-	ASSERT_TRUE(text.writeLine(""));
-	ASSERT_TRUE(text.writeLine("second;line"));
-	ASSERT_TRUE(text.hexDump("AB\n", 3));
+	ASSERT_TRUE(text.writeLine("") && text.writeLine("second;line") && text.hexDump("AB\n", 3));
 	ASSERT_TRUE(text.seek(0));
 	string_ext<char> line;
-	ASSERT_TRUE(text.readLine(line, 100));
-	EXPECT_EQ(line, "42-x");
 	char found = 0;
-	ASSERT_TRUE(text.readLine(line, 100, ";\n", found));
-	EXPECT_EQ(line, "second");
+	const struct
+	{
+		size_t limit;
+		const char* ends;
+		const char* line;
+	} reads[] = {{100, nullptr, "42-x"},
+	             {100, ";\n", "second"},
+	             {3, nullptr, "lin"}, // a long line comes in pieces
+	             {100, nullptr, "e"},
+	             {100, nullptr, "00000000  41 42 0a                                         AB."}};
+	for (const auto& r : reads)
+	{
+		ASSERT_TRUE(r.ends ? text.readLine(line, r.limit, r.ends, found)
+		                   : text.readLine(line, r.limit));
+		EXPECT_EQ(line, r.line);
+	}
 	EXPECT_EQ(found, ';');
-	ASSERT_TRUE(text.readLine(line, 3));
-	EXPECT_EQ(line, "lin"); // a long line comes in pieces
-	ASSERT_TRUE(text.readLine(line, 100));
-	EXPECT_EQ(line, "e");
-	ASSERT_TRUE(text.readLine(line, 100));
-	EXPECT_EQ(line, "00000000  41 42 0a" + std::string(13 * 3 + 2, ' ') + "AB.");
 	EXPECT_FALSE(text.readLine(line, 100));
 	EXPECT_FALSE(text.error());
-	std::remove(path.c_str());
 }
 
 } // namespace

@@ -4,70 +4,48 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <memory>
 #include <string>
 
 namespace {
 
 const OsiCompositeUnitLabel volts(OsiUnitLabel("V"));
-const OsiCompositeUnitLabel hertz(OsiUnitLabel("Hz"));
+const OsiCompositeUnitLabel watts(OsiUnitLabel("W"));
+const OsiCompositeUnitLabel amperes(OsiUnitLabel("A"));
 
-TEST(LinearFormat, PrintsTheSuffixLetterThenTheUnit)
+TEST(ValueFormat, PrintsNumbersWithTheirUnits)
 {
-	const OsiLinearFormat format(hertz);
-	EXPECT_EQ(format.format(1500, 3), "1.5 kHz");
-	EXPECT_EQ(format.format(12.5, 3), "12.5 Hz");
-	EXPECT_EQ(format.format(0, 3), "0 Hz");
-	EXPECT_EQ(format.format(-2.2e-3, 2), "-2.2 mHz");
-	EXPECT_EQ(OsiLinearFormat(OsiCompositeUnitLabel()).format(2e6, 3), "2 M");
-}
-
-TEST(LinearFormat, FollowsItsUnitsThroughMultiplyBy)
-{
-	OsiLinearFormat format(volts);
-	format.multiplyBy(1000, OsiCompositeUnitLabel(OsiUnitLabel("A")));
-	EXPECT_EQ(format.format(2, 3), "2 VA");
-	// Through the base, as a graph axis holds it.
-	std::unique_ptr<OsiValueFormat> copy = std::make_unique<OsiLinearFormat>(format);
-	EXPECT_EQ(copy->format(3e3, 3), "3 kVA");
-}
-
-TEST(DecibelFormat, PrintsLevelsRelativeToItsReference)
-{
-	const OsiDecibelFormat amplitude(volts, 1, false, false);
-	EXPECT_EQ(amplitude.factor, 20);
-	EXPECT_EQ(amplitude.format(2, 3), "6.02 dB[re 1 V]");
-	EXPECT_EQ(amplitude.format(10, 3), "20 dB[re 1 V]");
-
-	const OsiDecibelFormat power(OsiCompositeUnitLabel(OsiUnitLabel("W")), 1e-3, true, false);
-	EXPECT_EQ(power.factor, 10);
-	EXPECT_EQ(power.format(1e-2, 3), "10 dB[re 1 mW]");
-	EXPECT_EQ(power.format(1e-4, 3), "-10 dB[re 1 mW]");
-
-	// Values that already are levels print as they are.
-	const OsiDecibelFormat levels(volts, 1, false, true);
-	EXPECT_EQ(levels.format(-12.5, 3), "-12.5 dB[re 1 V]");
-	EXPECT_EQ(levels.format(0, 3), "0 dB[re 1 V]");
-}
-
-TEST(DecibelFormat, CannotDisplayWithoutAPositiveValueAndReference)
-{
-	const OsiDecibelFormat amplitude(volts, 1, false, false);
-	EXPECT_EQ(amplitude.format(0, 3), "<Can't display>");
-	EXPECT_EQ(amplitude.format(-1, 3), "<Can't display>");
-	EXPECT_EQ(OsiDecibelFormat(volts, 0, false, true).format(3, 3), "<Can't display>");
-	EXPECT_EQ(OsiDecibelFormat(volts, -1, true, false).format(3, 3), "<Can't display>");
-}
-
-TEST(DecibelFormat, MultiplyByMovesTheReferenceAndTheUnit)
-{
-	OsiDecibelFormat format(volts, 1, false, false);
-	format.multiplyBy(1000, OsiCompositeUnitLabel(OsiUnitLabel("A")));
-	EXPECT_EQ(format.reference, 1000);
-	EXPECT_EQ(format.format(2000, 3), "6.02 dB[re 1 kVA]");
-	const OsiDecibelFormat copy(format);
-	EXPECT_EQ(copy.reference, 1000);
-	EXPECT_EQ(copy.format(1000, 3), "0 dB[re 1 kVA]");
+	OsiLinearFormat scaled(volts);
+	scaled.multiplyBy(1000, amperes);
+	OsiDecibelFormat scaledLevel(volts, 1, false, false);
+	scaledLevel.multiplyBy(1000, amperes);
+	const OsiDecibelFormat copiedLevel(scaledLevel);
+	const struct
+	{
+		std::shared_ptr<OsiValueFormat> format;
+		double value;
+		const char* text;
+	} cases[] = {
+	    {std::make_shared<OsiLinearFormat>(OsiCompositeUnitLabel(OsiUnitLabel("Hz"))), 1500,
+	     "1.5 kHz"},
+	    {std::make_shared<OsiLinearFormat>(volts), -2.2e-3, "-2.2 mV"},
+	    {std::make_shared<OsiLinearFormat>(OsiCompositeUnitLabel()), 2e6, "2 M"},
+	    {std::make_shared<OsiLinearFormat>(scaled), 2, "2 VA"},
+	    {std::make_shared<OsiLinearFormat>(scaled), 3e3, "3 kVA"},
+	    // Amplitudes take 20 log10, powers 10 log10, against the reference.
+	    {std::make_shared<OsiDecibelFormat>(volts, 1, false, false), 10, "20 dB[re 1 V]"},
+	    {std::make_shared<OsiDecibelFormat>(watts, 1e-3, true, false), 1e-4, "-10 dB[re 1 mW]"},
+	    {std::make_shared<OsiDecibelFormat>(volts, 1, false, true), -12.5, "-12.5 dB[re 1 V]"},
+	    {std::make_shared<OsiDecibelFormat>(scaledLevel), 2000, "6.02 dB[re 1 kVA]"},
+	    {std::make_shared<OsiDecibelFormat>(copiedLevel), 1000, "0 dB[re 1 kVA]"},
+	    // Without a positive value and reference there is no level.
+	    {std::make_shared<OsiDecibelFormat>(volts, 1, false, false), 0, "<Can't display>"},
+	    {std::make_shared<OsiDecibelFormat>(volts, 1, false, false), -1, "<Can't display>"},
+	    {std::make_shared<OsiDecibelFormat>(volts, 0, false, true), 3, "<Can't display>"},
+	};
+	for (const auto& c : cases)
+		EXPECT_EQ(std::string(c.format->format(c.value, 3)), c.text) << c.text;
 }
 
 } // namespace
