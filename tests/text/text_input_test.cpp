@@ -93,48 +93,34 @@ TEST_F(TextFile, ReadsWhatTheLayoutDescribes)
 	}
 }
 
-TEST_F(TextFile, ResetStartsOverAfterAnError)
+TEST_F(TextFile, RangeStateAndResetBringReadingBack)
 {
+	ASSERT_TRUE(input.open(write("5,1\n3,9\n").c_str(), "d,dN"));
+	// The range leaves the first value out of sum and count, and rewinds.
+	const OsiTextInputRange range = input.range();
+	EXPECT_EQ(range.minimum, 1);
+	EXPECT_EQ(range.sum, 13);
+	EXPECT_EQ(range.absoluteMaximum(), 9);
+	EXPECT_EQ(input.read(), 5);
+	const OsiTextInputState state = input.getState();
+	EXPECT_EQ(input.read(), 1);
+	EXPECT_EQ(input.read(), 3);
+	input.setState(state);
+	EXPECT_EQ(input.read(), 1);
+	// A position from another layout string starts the layout afresh.
+	OsiTextInputState foreign = state;
+	const char other[] = "d,dN";
+	foreign.formatPosition = other + 2;
+	input.setState(foreign);
+	EXPECT_EQ(input.read(), 1);
+	// After an error nothing is read until reset starts over.
 	readAll("1,2\n3,x\n", "d,dN");
-	ASSERT_TRUE(input.hasError());
 	const long long stoppedAt = input.getState().filePosition;
 	EXPECT_EQ(input.read(), 0);
 	EXPECT_EQ(input.getState().filePosition, stoppedAt);
 	ASSERT_TRUE(input.reset());
 	EXPECT_FALSE(input.hasError());
 	EXPECT_EQ(input.read(), 1);
-	EXPECT_EQ(input.line(), 1);
-}
-
-TEST_F(TextFile, RangeLeavesTheFirstValueOutOfSumAndCountAndRewinds)
-{
-	ASSERT_TRUE(input.open(write("5\n1\n3\n9\n").c_str(), "dN"));
-	const OsiTextInputRange range = input.range();
-	EXPECT_EQ(range.minimum, 1);
-	EXPECT_EQ(range.sum, 13);
-	EXPECT_EQ(range.absoluteMaximum(), 9);
-	EXPECT_EQ(input.read(), 5);
-	OsiTextInputRange fresh; // starts at zero and so always includes it
-	fresh.addToRange(4);
-	EXPECT_EQ(fresh.minimum, 0);
-}
-
-TEST_F(TextFile, StateBringsReadingBackToAPosition)
-{
-	ASSERT_TRUE(input.open(write("1,2\n3,4\n").c_str(), "d,dN"));
-	EXPECT_EQ(input.read(), 1);
-	const OsiTextInputState state = input.getState();
-	EXPECT_EQ(input.read(), 2);
-	EXPECT_EQ(input.read(), 3);
-	input.setState(state);
-	EXPECT_EQ(input.read(), 2);
-	EXPECT_EQ(input.read(), 3);
-	// A position from another layout string starts the layout afresh.
-	OsiTextInputState foreign = state;
-	const char other[] = "d,dN";
-	foreign.formatPosition = other + 2;
-	input.setState(foreign);
-	EXPECT_EQ(input.read(), 2);
 }
 
 // Enough rows that fields straddle every refill of the reader's buffer: the
