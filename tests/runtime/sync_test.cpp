@@ -150,7 +150,6 @@ TEST(Semaphore, EveryUnitSignalledWakesOneWaiterOnce)
 	EXPECT_EQ(statuses[0], 0);
 	EXPECT_EQ(statuses[1], 0);
 	EXPECT_EQ(pair.count(), 0);
-
 }
 
 // Consumers that sleep without limit, sleep with short time-outs (a sleeper
