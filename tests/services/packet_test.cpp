@@ -1,7 +1,7 @@
 // The transport's side of a connection whose other end the test reads and
 // writes raw: how sent messages are batched into packets, and the keep-alive
-// ping. What the reader makes of incoming bytes is checked against the same
-// independent decoder by the receive fuzz target and its seeds.
+// ping (the echo service tests see plain brackets arrive). What the reader makes of incoming bytes
+// is checked against the same independent decoder by the receive fuzz target and its seeds.
 #include "osi/services/coipcomms.h"
 #include "services/packet_decoder.h"
 #include "services/wire.h"
@@ -13,17 +13,8 @@
 
 #include <chrono>
 #include <functional>
-#include <ostream>
 #include <string>
 #include <vector>
-
-namespace wire {
-void PrintTo(const Delivery& delivery, std::ostream* out)
-{
-	*out << delivery.id << ": " << delivery.data.size() << " bytes, " << delivery.remaining
-	     << " left";
-}
-} // namespace wire
 
 namespace {
 
@@ -65,14 +56,6 @@ struct Sending
 const std::string p400(400, 'p');
 
 const Sending sendings[] = {
-    {"aBracketIsOnePacket",
-     [](OsiIPCommsBase& c) {
-	     c.beginSend();
-	     c.send(7, 3, "abc");
-	     c.send(8, 5, "hello");
-	     c.endSend();
-     },
-     {{7, "abc", 1}, {8, "hello", 0}}},
     {"nestedBracketsSendWhenTheOutermostCloses",
      [](OsiIPCommsBase& c) {
 	     c.beginSend();
@@ -83,12 +66,6 @@ const Sending sendings[] = {
 	     c.endSend();
      },
      {{1, "a", 1}, {2, "b", 0}}},
-    {"outsideABracketEachTravelsAlone",
-     [](OsiIPCommsBase& c) {
-	     c.send(INT32_MAX, 1, "z");
-	     c.send(0, 2, "xy");
-     },
-     {{INT32_MAX, "z", 0}, {0, "xy", 0}}},
     {"emptyMessagesAndUnmatchedEndsSendNothing",
      [](OsiIPCommsBase& c) {
 	     c.send(1, 0, "x");
@@ -139,35 +116,25 @@ INSTANTIATE_TEST_SUITE_P(Transport, Send, testing::ValuesIn(sendings),
 
 // With a zero interval every receive is a check: the first pings, each later
 // one finds the ping answered (and pings again) or unanswered, and then the
-// peer is marked closed.
-TEST(KeepAlive, AnsweredPingsKeepThePeerAlive)
+// peer is marked closed. That is only a flag: a slow peer's later messages
+// arrive, and its late answer has keep-alive ping it again.
+TEST(KeepAlive, AnsweredPingsKeepThePeerAliveAndASilentOneIsStillHeard)
 {
 	Connection connection(true);
 	connection.comms.setKeepAliveInterval(std::chrono::milliseconds(0));
 	std::string data;
-	for (int round = 0; round < 4; ++round)
+	for (int round = 0; round < 3; ++round)
 	{
 		EXPECT_FALSE(connection.receive(data));
 		EXPECT_FALSE(connection.comms.isPeerClosed()) << "round " << round;
 		ASSERT_EQ(wire::decode(wire::drain(connection.far)).pings, 1) << "round " << round;
-		wire::writeAll(connection.far, wire::packet({{OsiMessagePingAnswer, wire::signalData()}}));
+		if (round < 2)
+			wire::writeAll(connection.far,
+			               wire::packet({{OsiMessagePingAnswer, wire::signalData()}}));
 	}
-}
-
-// Being marked closed is only a flag: a slow peer's later messages all
-// arrive, and its late answer has keep-alive ping it again.
-TEST(KeepAlive, ASilentPeerIsMarkedClosedYetStillHeard)
-{
-	Connection connection(true);
-	connection.comms.setKeepAliveInterval(std::chrono::milliseconds(0));
-	std::string data;
-	EXPECT_FALSE(connection.receive(data));
-	EXPECT_FALSE(connection.comms.isPeerClosed()) << "closed before a ping went unanswered";
-	EXPECT_EQ(wire::decode(wire::drain(connection.far)).pings, 1);
 	EXPECT_FALSE(connection.receive(data));
 	EXPECT_TRUE(connection.comms.isPeerClosed());
 	EXPECT_TRUE(connection.comms.isConnected()) << "the socket stays until it is closed";
-
 	wire::writeAll(connection.far,
 	               wire::packet({{OsiMessagePingAnswer, wire::signalData()}, {2, "late"}}));
 	ASSERT_TRUE(connection.receive(data));

@@ -16,14 +16,11 @@ struct Received
 	std::string data;
 };
 
-// Receives until an application message comes or, unless told to read on,
-// the peer is marked closed.
-inline bool receiveOne(OsiIPCommsBase& comms, Received& got,
-                       std::chrono::seconds patience = std::chrono::seconds(5),
-                       bool readPastClose = false)
+// Receives until an application message comes or the peer is marked closed.
+inline bool receiveOne(OsiIPCommsBase& comms, Received& got)
 {
-	const auto deadline = std::chrono::steady_clock::now() + patience;
-	while (std::chrono::steady_clock::now() < deadline && (readPastClose || !comms.isPeerClosed()))
+	const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+	while (std::chrono::steady_clock::now() < deadline && !comms.isPeerClosed())
 	{
 		void* data = nullptr;
 		if (comms.receive(got.id, got.length, data, got.remaining))

@@ -1,6 +1,6 @@
 // Services for real: the echo service program started as a child process on a
 // loopback port, messages of 1 byte to 1 MiB there and back, notifications,
-// keep-alive against a live peer, closing; the choice of ports and the
+// closing; the choice of ports and the
 // provider's side.
 #include "osi/services/coservice.h"
 #include "osi/services/coserviceprovider.h"
@@ -15,9 +15,7 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
 #include <string>
-#include <thread>
 #include <tuple>
 #include <vector>
 
@@ -110,14 +108,11 @@ TEST(Service, OpeningPrintsWhereItConnects)
 	const std::string said = testing::internal::GetCapturedStdout();
 	ASSERT_TRUE(service.isConnected()) << said;
 	EXPECT_GT(service.servicePid(), 0);
-	const std::string prefix = "Connecting to " + std::string(echoProgram);
-	const std::size_t connecting = said.find(prefix + " Address: 127.0.0.1 port: ");
+	const std::string prefix =
+	    "Connecting to " + std::string(echoProgram) + " Address: 127.0.0.1 port: ";
+	const std::size_t connecting = said.find(prefix);
 	ASSERT_LT(connecting, said.find(std::string(echoProgram) + " Connected.\n")) << said;
-	unsigned int port = 0;
-	ASSERT_EQ(std::sscanf(said.c_str() + connecting + prefix.size(),
-	                      " Address: 127.0.0.1 port: %u.", &port),
-	          1);
-	EXPECT_GE(port, next);
+	EXPECT_GE(std::stoi(said.substr(connecting + prefix.size())), next);
 
 	EXPECT_FALSE(missing.isConnected());
 	EXPECT_EQ(missing.servicePid(), -1);
@@ -165,25 +160,6 @@ TEST(Service, NotificationsReachTheNewestCallbackFirst)
 	EXPECT_EQ(newer.ids, (std::vector<int>{3, 12}));
 	EXPECT_EQ(newer.data, (std::vector<std::string>{"three", "twelve"}));
 	EXPECT_EQ(older.ids, std::vector<int>{3}) << "a claimed message went on to older callbacks";
-}
-
-// Only time can tell here: a generous interval that a loaded machine still
-// answers within, and long enough for a few checks.
-TEST(Service, AnAnsweringServiceStaysAliveAcrossKeepAliveChecks)
-{
-	OsiService service(echoProgram, false);
-	ASSERT_TRUE(service.isConnected());
-	service.setKeepAliveInterval(std::chrono::seconds(1));
-	const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(3500);
-	while (std::chrono::steady_clock::now() < end && !service.isPeerClosed())
-	{
-		service.processNotifications();
-		service.waitForInput(20);
-	}
-	EXPECT_FALSE(service.isPeerClosed());
-	service.send(1, 2, "ok");
-	Received got;
-	EXPECT_TRUE(receiveOne(service, got));
 }
 
 TEST(Service, ClosingEndsTheServiceProgram)
@@ -240,36 +216,30 @@ INSTANTIATE_TEST_SUITE_P(Service, KilledService, testing::Combine(testing::Bool(
 
 // --- ports ---------------------------------------------------------------------
 
-// Binds count loopback ports from first on, all or none.
-std::vector<int> occupyPorts(unsigned short first, int count)
-{
-	std::vector<int> sockets;
-	for (int i = 0; i < count; ++i)
-	{
-		const int handle = socket(AF_INET, SOCK_STREAM, 0);
-		sockaddr_in address{};
-		address.sin_family = AF_INET;
-		address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-		address.sin_port = htons(static_cast<unsigned short>(first + i));
-		sockets.push_back(handle);
-		if (bind(handle, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0)
-		{
-			for (int taken : sockets)
-				close(taken);
-			return {};
-		}
-	}
-	return sockets;
-}
-
-// A run of count free ports somewhere in a quiet range, held open.
+// A run of count free loopback ports somewhere in a quiet range, held open.
 std::vector<int> occupyFreeRun(unsigned short& first, int count)
 {
 	for (first = 41000; first < 60000; first = static_cast<unsigned short>(first + 500))
 	{
-		std::vector<int> sockets = occupyPorts(first, count);
-		if (!sockets.empty())
+		std::vector<int> sockets;
+		sockaddr_in address{};
+		address.sin_family = AF_INET;
+		address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+		for (int i = 0; i < count; ++i)
+		{
+			const int handle = socket(AF_INET, SOCK_STREAM, 0);
+			address.sin_port = htons(static_cast<unsigned short>(first + i));
+			if (bind(handle, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0)
+			{
+				close(handle);
+				break;
+			}
+			sockets.push_back(handle);
+		}
+		if (sockets.size() == static_cast<size_t>(count))
 			return sockets;
+		for (int taken : sockets)
+			close(taken);
 	}
 	return {};
 }
@@ -318,53 +288,6 @@ INSTANTIATE_TEST_SUITE_P(
     [](const testing::TestParamInfo<PortSearch>& info) { return std::string(info.param.name); });
 
 // --- the provider's side ---------------------------------------------------------
-
-TEST(Provider, AcceptsOneConnectionAndPrintsIt)
-{
-	unsigned short port = 0;
-	std::vector<int> held = occupyFreeRun(port, 1);
-	ASSERT_EQ(held.size(), 1u);
-	close(held[0]);
-	const std::string portText = std::to_string(port);
-
-	testing::internal::CaptureStdout();
-	std::thread client([port] {
-		sockaddr_in address{};
-		address.sin_family = AF_INET;
-		address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-		address.sin_port = htons(port);
-		// The provider may not be listening yet: try again, boundedly.
-		for (int attempt = 0; attempt < 500; ++attempt)
-		{
-			const int handle = socket(AF_INET, SOCK_STREAM, 0);
-			if (connect(handle, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0)
-			{
-				OsiIPCommsBase comms(false);
-				comms.attachSocket(handle, false);
-				comms.send(4, 5, "hello");
-				Received got;
-				receiveOne(comms, got);
-				return;
-			}
-			close(handle);
-			std::this_thread::sleep_for(std::chrono::milliseconds(20));
-		}
-	});
-	OsiServiceProvider provider("127.0.0.1", portText.c_str(), false);
-	Received got;
-	const bool received = receiveOne(provider, got);
-	provider.close();
-	client.join();
-	const std::string said = testing::internal::GetCapturedStdout();
-	EXPECT_TRUE(received);
-	EXPECT_EQ(got.data, "hello");
-	EXPECT_NE(said.find("Waiting for provider to connect to Address: 127.0.0.1 port: " + portText),
-	          std::string::npos)
-	    << said;
-	EXPECT_NE(said.find("Provider Connected to Address: 127.0.0.1 port: " + portText + ".\n"),
-	          std::string::npos)
-	    << said;
-}
 
 TEST(Provider, ABusyPortOrBadArgumentsFailToBind)
 {
