@@ -190,24 +190,4 @@ TEST(FourierSize, RoundsUpToAPowerOfTwoAndIgnoresWhatIsOutOfRange)
 	}
 }
 
-TEST(FourierSamples, CopiesNullAndConjugate)
-{
-	EXPECT_EQ(OsiFourier(0).data(), nullptr); // one sample is order 0, which holds none
-	EXPECT_EQ(OsiFourier(20).data(), nullptr);
-	OsiFourier empty;
-	empty.fourierTransform(true);
-	empty.conjugate();
-	EXPECT_EQ(empty.data(), nullptr);
-	OsiFourier f(2);
-	f.data()[0] = {1.0, 2.0};
-	f.data()[3] = {-3.0, -4.0};
-	OsiFourier copy(f);
-	f.conjugate();
-	EXPECT_EQ(f.data()[0], (OsiComplex{1.0, -2.0}));
-	EXPECT_EQ(f.data()[3], (OsiComplex{-3.0, 4.0}));
-	f.null();
-	EXPECT_EQ(f.data()[3], (OsiComplex{0.0, 0.0}));
-	EXPECT_EQ(copy.data()[3], (OsiComplex{-3.0, -4.0}));
-}
-
 } // namespace

@@ -66,21 +66,6 @@ TEST(PiecewiseLinearFitter, SolvesTheNormalEquationsWithItsEliminationRule)
 	EXPECT_NEAR(fitter.knots()[0].y, 868.0 / 1125, 1e-14);
 	EXPECT_NEAR(fitter.knots()[1].y, 932.0 / 225, 1e-14);
 	EXPECT_NEAR(fitter.knots()[2].y, -52.0 / 15, 1e-14);
-	EXPECT_EQ(fitter.knots()[1].x, 1.0);
-}
-
-TEST(PiecewiseLinearFitter, TwoKnotsThroughALine)
-{
-	// One interval: row 0 (A0, C0, D0), row 1 (B1 - C0, E1 + factor D0).
-	// Points (0, 1), (1, 2), (2, 3) with knots 0 and 3: beta 0, 1/3, 2/3;
-	// A0 = 14/9, C0 = 4/9, D0 = 1 + 4/3 + 1 = 10/3, B1 = 5/9, E1 = 2/3 + 2 = 8/3.
-	// Row 1: factor -2/7, diag 5/9 - 4/9 = 1/9, rhs 8/3 - 20/21 = 12/7;
-	// Y1 = 108/7, Y0 = (10/3 - 4/9 * 108/7) / (14/9) = -111/49.
-	Source source{{0.0, 3.0}, {{1.0, 0.0}, {2.0, 1.0}, {3.0, 2.0}}};
-	OsiPiecewiseLinearFitter fitter(2, 3, Source::callback, &source);
-	ASSERT_EQ(fitter.count(), 2);
-	EXPECT_NEAR(fitter.knots()[0].y, -111.0 / 49, 1e-13);
-	EXPECT_NEAR(fitter.knots()[1].y, 108.0 / 7, 1e-13);
 }
 
 TEST(PiecewiseLinearFitter, RefusesTooFewKnotsOrPointsAndAFailingSource)
@@ -125,11 +110,6 @@ TEST(PiecewiseLinearFitter, EvaluatesSegmentsAndExtendsTheEnds)
 	EXPECT_DOUBLE_EQ(at(-1.0), y0 - (y1 - y0));
 	EXPECT_EQ(context.index, 0);
 	EXPECT_EQ(context.knot, fitter.knots());
-
-	const OsiPiecewiseLinearFitter copy(fitter);
-	OsiPiecewiseLinearContext other;
-	copy.findContext(1.5, other);
-	EXPECT_DOUBLE_EQ(copy.evaluateContext(1.5, other), (y1 + y2) / 2);
 }
 
 } // namespace

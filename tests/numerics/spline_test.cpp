@@ -179,24 +179,4 @@ TEST(SplineInitialise, RefusalsKeepOrEmptyTheSplineAndCopiesAreDeep)
 	EXPECT_EQ(valueAt(copy, 1.7), before);
 }
 
-TEST(SplineVector, ArraysAndCallbacksRefuseWhatIsMissing)
-{
-	EXPECT_EQ(OsiSplineVector(0).abscissa(), nullptr);
-	EXPECT_EQ(OsiSplineVector(-3).count(), 0);
-	double x = 0.0, y = 0.0;
-	OsiSplineVector empty(0);
-	OsiSplineVector v = knotsOf({1.5, 2.5}, {-1.0, 4.0});
-	EXPECT_TRUE(OsiSplineVector::initCallback(0, x, y, nullptr));
-	EXPECT_TRUE(OsiSplineVector::initCallback(0, x, y, &empty));
-	EXPECT_TRUE(OsiSplineVector::initCallback2(0, &x, nullptr, &v));
-	EXPECT_TRUE(OsiSplineVector::initCallback2(0, nullptr, &y, &v));
-	EXPECT_FALSE(OsiSplineVector::initCallback(1, x, y, &v));
-	EXPECT_EQ(x, 2.5);
-	EXPECT_FALSE(OsiSplineVector::initCallback2(0, &x, &y, &v));
-	EXPECT_EQ(y, -1.0);
-	OsiSplineVector copy(v);
-	copy.ordinate()[0] = 9.0;
-	EXPECT_EQ(v.ordinate()[0], -1.0);
-}
-
 } // namespace
