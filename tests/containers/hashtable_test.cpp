@@ -164,14 +164,11 @@ TEST(HashTable, WalksInBothDirectionsAndRefusals)
 	EXPECT_EQ(forwards, walkKeyless(table));
 	EXPECT_EQ(backwards, forwards);
 	const OsiNumberHashTableKey key(4);
-	EXPECT_EQ(table.findFirst(key, node), &items[0]);
-	EXPECT_EQ(table.findNext(key, node), &items[2]);
-	EXPECT_EQ(table.findNext(key, node), nullptr);
-	EXPECT_EQ(table.findLast(key, node), &items[2]);
-	EXPECT_EQ(table.findPrev(key, node), &items[0]);
-	OsiHashTableIter iter(table, key);
-	EXPECT_EQ(iter.last(), &items[2]);
-	EXPECT_EQ(iter.find(&items[1]), nullptr);
+	const std::vector<void*> walked = {table.findFirst(key, node), table.findNext(key, node),
+	                                   table.findNext(key, node), table.findLast(key, node),
+	                                   table.findPrev(key, node)};
+	EXPECT_EQ(walked, (std::vector<void*>{&items[0], &items[2], nullptr, &items[2], &items[0]}));
+	EXPECT_EQ(OsiHashTableIter(table, key).find(&items[1]), nullptr);
 
 	EXPECT_FALSE(table.insert(nullptr, key));
 	OsiHashTable none(false, 0);

@@ -12,7 +12,6 @@
 #include <gtest/gtest.h>
 
 #include <dlfcn.h>
-#include <unistd.h>
 
 #include <climits>
 #include <cstdio>
@@ -84,21 +83,6 @@ TEST(Module, SamePathThroughTwoHandlesSharesOneInstance)
 	ProbeOf probe(second);
 	ASSERT_NE(probe.probe, nullptr);
 	EXPECT_EQ(probe->registeredPath(), absolute(testModule));
-}
-
-TEST(Module, ARelativePathFindsTheSameInstance)
-{
-	OsiModule byAbsolutePath(absolute(testModule).c_str());
-	const std::string path = absolute(testModule);
-	const std::string directory = path.substr(0, path.rfind('/'));
-	char previous[PATH_MAX];
-	ASSERT_NE(getcwd(previous, sizeof previous), nullptr);
-	ASSERT_EQ(chdir(directory.c_str()), 0);
-	testing::internal::CaptureStdout();
-	OsiModule byRelativePath(("./" + path.substr(path.rfind('/') + 1)).c_str());
-	testing::internal::GetCapturedStdout();
-	ASSERT_EQ(chdir(previous), 0);
-	EXPECT_EQ(byAbsolutePath.moduleInstance(), byRelativePath.moduleInstance());
 }
 
 TEST(Module, LastReleaseSendsTheClosingNoticeAndClosesTheLibrary)

@@ -97,10 +97,6 @@ TEST(Thread, OpenRefusesNullFunctionOrArgumentAndASecondStart)
 	release.signal(1);
 	thread.waitForThreadClosure();
 	EXPECT_FALSE(thread.isRunning());
-
-	testing::internal::CaptureStdout();
-	thread.waitForThreadClosure();
-	EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 }
 
 class Counted : public OsiReferenceCount
@@ -165,19 +161,6 @@ TEST(Thread, ExitEndsTheThreadWithItsValue)
 	EXPECT_NE(output.find(line("*** End thread %d\n", thread.threadNumber())), std::string::npos)
 	    << output;
 	EXPECT_EQ(thread.referenceCount(), 1);
-}
-
-TEST(Thread, KindsOfThreadAllRun)
-{
-	for (OsdThreadType type :
-	     {OsdThreadType::normal, OsdThreadType::background, OsdThreadType::timeCritical})
-	{
-		OsdThread thread(type);
-		Seen seen;
-		ASSERT_TRUE(thread.open(recordNumbers, static_cast<void*>(&seen), 256 * 1024));
-		thread.waitForThreadClosure();
-		EXPECT_EQ(seen.ownNumber, thread.threadNumber());
-	}
 }
 
 } // namespace
