@@ -121,24 +121,6 @@ TEST(SerialOutput, GoesToTheCallbacksBodyByBody)
 	EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
-TEST(SerialOutput, AnInnerSerialLoopWritesToItsWorkersOutput)
-{
-	setCallbacks(true);
-	parallelFor(
-	    nullptr,
-	    [](void*, int index, int, string_ext<char>&) {
-		    parallelFor(
-		        &index,
-		        [](void* outer, int part, int, string_ext<char>& out) {
-			        out += lineOf(*static_cast<int*>(outer), part);
-		        },
-		        0, 3, true);
-	    },
-	    0, 40, false);
-	expectWholeRuns(collectedOut, 40);
-	setCallbacks(false);
-}
-
 TEST(MainThreadOutput, OnlyWorkersAndTheMainThreadMayWrite)
 {
 	setCallbacks(true);
