@@ -100,20 +100,11 @@ TEST(VstStructuredFile, ReadsBackAtAnyStartAndRefusesOtherFiles)
 	ASSERT_TRUE(later.ok);
 	readSample(later.file);
 
-	ByteImage huge;
-	huge.text("VstStructuredFileRelative").sizeHeader(0, 0).text("Thing").i32(3).i32(1);
-	huge.i64(INT64_MAX).text("A").i32(1);
-	Opened overflowing(huge.data);
-	long long end = 0;
-	EXPECT_FALSE(overflowing.file.beginClass("A", 1, end));
-
 	EXPECT_FALSE(Opened(written(), "Thing", 2).ok);
 	EXPECT_FALSE(Opened(written(), "Thing", 4).ok);
 	EXPECT_FALSE(Opened(written(), "Thong", 3).ok);
 	EXPECT_FALSE(Opened(written(false)).ok); // never closed as complete
-	VstStructuredFile none;
-	EXPECT_FALSE(none.open(nullptr, false));
-	EXPECT_FALSE(none.beginClass("A", 1, end)); // a refused reader has no stream
+	EXPECT_FALSE(VstStructuredFile().open(nullptr, false));
 }
 
 TEST(VstStructuredFile, AnotherBlockIsLeftInPlaceAndAnUnreadOneSkipped)
@@ -150,7 +141,7 @@ TEST(VstStructuredFile, OlderSignatureUsesAbsoluteBlockEnds)
 TEST(VstStructuredFile, CopyBlockAndFixups)
 {
 	Opened source(written());
-	long long a = 0, pos = 0, here = 0;
+	long long a = 0, pos = 0;
 	ASSERT_TRUE(source.ok && source.file.beginClass("A", 1, a) && source.file.endBlock(a));
 	auto target = streamOf({});
 	VstStructuredFile writer;
@@ -159,18 +150,13 @@ TEST(VstStructuredFile, CopyBlockAndFixups)
 	// A count patched in after what it counts was written.
 	const int placeholder = 0, count = 3;
 	ASSERT_TRUE(writer.beginFixup(pos) && writer.write(&placeholder, TypedStream::kInt, 1));
-	ASSERT_TRUE(writer.markPosition(here) && writer.jumpFixup(pos));
-	EXPECT_EQ(pos, here);
-	ASSERT_TRUE(writer.write(&count, TypedStream::kInt, 1) && writer.endFixup(pos));
-	ASSERT_TRUE(writer.copyBlock(source.file));
-	EXPECT_FALSE(source.file.copyBlock(writer)); // only from a reader into a writer
-	ASSERT_TRUE(writer.close(true));
+	ASSERT_TRUE(writer.jumpFixup(pos) && writer.write(&count, TypedStream::kInt, 1) &&
+	            writer.endFixup(pos));
+	ASSERT_TRUE(writer.copyBlock(source.file) && writer.close(true));
 
 	Opened copy(bytesOf(*target), "Copy", 1);
 	int value = 0;
-	ASSERT_TRUE(copy.ok);
-	EXPECT_FALSE(copy.file.beginFixup(pos));
-	ASSERT_TRUE(copy.file.read(&value, TypedStream::kInt, 1));
+	ASSERT_TRUE(copy.ok && copy.file.read(&value, TypedStream::kInt, 1));
 	EXPECT_EQ(value, 3);
 	readSample(copy.file, "B");
 }
@@ -186,14 +172,12 @@ TEST(OsiStructuredFile, SameFormatInAFileWithItsOwnSignature)
 
 	std::ifstream raw(path, std::ios::binary);
 	const std::vector<uint8_t> bytes((std::istreambuf_iterator<char>(raw)), {});
-	ByteImage signature;
-	signature.text("OsiStructuredFileRelative");
-	const auto vst = written(); // the same bytes after the signature
-	ASSERT_GE(bytes.size(), signature.size());
-	EXPECT_EQ(std::vector<uint8_t>(bytes.begin(), bytes.begin() + long(signature.size())),
-	          signature.data);
-	EXPECT_EQ(std::vector<uint8_t>(bytes.begin() + long(signature.size()), bytes.end()),
-	          std::vector<uint8_t>(vst.begin() + long(signature.size()), vst.end()));
+	// The host-stream variant's bytes after a signature of the same length.
+	ByteImage expected;
+	expected.text("OsiStructuredFileRelative");
+	const auto vst = written();
+	expected.data.insert(expected.data.end(), vst.begin() + long(expected.size()), vst.end());
+	EXPECT_EQ(bytes, expected.data);
 
 	OsiStructuredFile in("Thing", 3);
 	ASSERT_TRUE(in.open(path.c_str(), false));

@@ -15,10 +15,13 @@ namespace {
 using Steinberg::IPtr;
 using Steinberg::MemoryStream;
 
-// A stream reading the given bytes.
+// A stream over the given bytes.
 struct Reader
 {
-	explicit Reader(const std::vector<uint8_t>& bytes) : memory(streamOf(bytes)), stream(memory) {}
+	explicit Reader(const std::vector<uint8_t>& bytes = {})
+	: memory(streamOf(bytes)),
+	  stream(memory)
+	{}
 	IPtr<MemoryStream> memory;
 	VstFileStream stream;
 };
@@ -89,10 +92,9 @@ TEST(TypedStream, EveryTypeRoundTripsInEitherByteOrderAndAnyWidth)
 
 TEST(TypedStream, HeadersOfBothFormsAndRefusedOnes)
 {
-	auto memory = streamOf({});
-	VstFileStream fresh(memory);
-	ASSERT_TRUE(fresh.writeSizeofHeader());
-	EXPECT_EQ(bytesOf(*memory), ByteImage().sizeHeader(0, 0).data);
+	Reader fresh;
+	ASSERT_TRUE(fresh.stream.writeSizeofHeader());
+	EXPECT_EQ(bytesOf(*fresh.memory), ByteImage().sizeHeader(0, 0).data);
 
 	// The older header: two flags and eleven sizes; the signed word was 4 bytes.
 	ByteImage older;
@@ -115,11 +117,11 @@ TEST(TypedStream, HeadersOfBothFormsAndRefusedOnes)
 
 TEST(TypedStream, StringsCarryTheirLengthAndNul)
 {
-	auto memory = streamOf({});
-	VstFileStream stream(memory);
-	ASSERT_TRUE(stream.write("Pan", true) && stream.write("xy", false));
-	EXPECT_FALSE(stream.write(static_cast<const char*>(nullptr), true));
-	EXPECT_EQ(bytesOf(*memory), (std::vector<uint8_t>{4, 0, 0, 0, 'P', 'a', 'n', 0, 'x', 'y', 0}));
+	Reader written;
+	ASSERT_TRUE(written.stream.write("Pan", true) && written.stream.write("xy", false));
+	EXPECT_FALSE(written.stream.write(static_cast<const char*>(nullptr), true));
+	EXPECT_EQ(bytesOf(*written.memory),
+	          (std::vector<uint8_t>{4, 0, 0, 0, 'P', 'a', 'n', 0, 'x', 'y', 0}));
 
 	const struct
 	{
@@ -155,8 +157,8 @@ TEST(TypedStream, MatchReadAcceptsOnceOrTwiceTheLength)
 
 TEST(TypedStream, RawBlocksBadArgumentsAndShortData)
 {
-	auto memory = streamOf({});
-	VstFileStream stream(memory);
+	Reader written;
+	VstFileStream& stream = written.stream;
 	const char raw[5] = {'a', 'b', 0, 'c', 'd'};
 	EXPECT_TRUE(stream.write(raw, TypedStream::kRawBlock, 1, 5));
 	EXPECT_TRUE(stream.write(raw, TypedStream::kChar, 2));
@@ -166,7 +168,7 @@ TEST(TypedStream, RawBlocksBadArgumentsAndShortData)
 	EXPECT_FALSE(stream.write(raw, TypedStream::kInt, -1));
 	auto expected = std::vector<uint8_t>{'a', 'b', 0, 'c', 'd', 'a', 'b'};
 	expected.resize(expected.size() + 2500, 'z');
-	EXPECT_EQ(bytesOf(*memory), expected);
+	EXPECT_EQ(bytesOf(*written.memory), expected);
 	int v = 0;
 	EXPECT_FALSE(Reader({1, 2, 3}).stream.read(&v, TypedStream::kInt, 1));
 }
