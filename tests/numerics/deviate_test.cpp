@@ -25,7 +25,7 @@ TEST(XorshiftRNG, FollowsMarsagliasSequence)
 	EXPECT_EQ(OsiXorshiftRNG(0).next(), 0u);
 }
 
-TEST(NormalDeviate, SeedsRepeatTheSequenceAndCopiesRestartIt)
+TEST(NormalDeviate, SeedsRepeatTheSequence)
 {
 	OsiApproximateNormalDeviate a(2.0, 1.0, 4242), b(2.0, 1.0, 4242), other(2.0, 1.0, 4243);
 	const std::vector<double> first = draws(a, 1000);
@@ -33,9 +33,6 @@ TEST(NormalDeviate, SeedsRepeatTheSequenceAndCopiesRestartIt)
 	EXPECT_NE(first, draws(other, 1000));
 	a.seed(4242);
 	EXPECT_EQ(first, draws(a, 1000));
-	// A copy starts from one fixed state, whatever its original's.
-	OsiApproximateNormalDeviate copyOfA(a), copyOfB(b);
-	EXPECT_EQ(draws(copyOfA, 100), draws(copyOfB, 100));
 }
 
 TEST(NormalDeviate, MillionDrawsStayInBoundsWithTheRequestedMoments)

@@ -1,7 +1,6 @@
 // The piecewise-linear fit: hand-worked solutions of its normal equations,
 // refusals, and evaluation between and beyond the knots.
 #include "osi/numerics/osipiecewiselinearfitter.h"
-#include "osi/numerics/osisplinevector.h"
 
 #include <gtest/gtest.h>
 
@@ -80,13 +79,6 @@ TEST(PiecewiseLinearFitter, RefusesTooFewKnotsOrPointsAndAFailingSource)
 	EXPECT_FALSE(fitter.initialise(3, 9, Source::callback, &source));
 	EXPECT_EQ(fitter.count(), 0);
 	EXPECT_EQ(fitter.knots(), nullptr);
-	// The spline-vector form always fails: its knot source refuses the null y
-	// with which knot abscissae are asked.
-	OsiSplineVector v(5);
-	for (int i = 0; i < 5; ++i)
-		v.abscissa()[i] = v.ordinate()[i] = i;
-	EXPECT_FALSE(fitter.initialise(2, v));
-	EXPECT_EQ(OsiPiecewiseLinearFitter(2, v).count(), 0);
 }
 
 TEST(PiecewiseLinearFitter, EvaluatesSegmentsAndExtendsTheEnds)
