@@ -107,21 +107,6 @@ TEST(VstStructuredFile, ReadsBackAtAnyStartAndRefusesOtherFiles)
 	EXPECT_FALSE(VstStructuredFile().open(nullptr, false));
 }
 
-TEST(VstStructuredFile, AnotherBlockIsLeftInPlaceAndAnUnreadOneSkipped)
-{
-	Opened reader(written());
-	ASSERT_TRUE(reader.ok);
-	long long before = 0, after = 0, end = 99;
-	ASSERT_TRUE(reader.file.markPosition(before));
-	EXPECT_FALSE(reader.file.beginClass("B", 2, end));
-	EXPECT_EQ(end, before);
-	EXPECT_FALSE(reader.file.beginClass("A", 2, end)); // right name, wrong version
-	ASSERT_TRUE(reader.file.markPosition(after));
-	EXPECT_EQ(after, before);
-	ASSERT_TRUE(reader.file.beginClass("A", 1, end) && reader.file.endBlock(end)); // int unread
-	readSample(reader.file, "B");
-}
-
 TEST(VstStructuredFile, OlderSignatureUsesAbsoluteBlockEnds)
 {
 	ByteImage image;
@@ -142,6 +127,7 @@ TEST(VstStructuredFile, CopyBlockAndFixups)
 {
 	Opened source(written());
 	long long a = 0, pos = 0;
+	// Block A is left with its int unread: ending it skips the rest.
 	ASSERT_TRUE(source.ok && source.file.beginClass("A", 1, a) && source.file.endBlock(a));
 	auto target = streamOf({});
 	VstStructuredFile writer;

@@ -1,7 +1,6 @@
 // Services for real: the echo service program started as a child process on a
 // loopback port, messages of 1 byte to 1 MiB there and back, notifications,
-// closing; the choice of ports and the
-// provider's side.
+// closing and a killed program; the choice of ports and the provider's side.
 #include "osi/services/coservice.h"
 #include "osi/services/coserviceprovider.h"
 #include "services/receive_one.h"
@@ -59,7 +58,7 @@ struct Echo
 class EchoService : public testing::TestWithParam<Echo>
 {};
 
-TEST_P(EchoService, EchoesEveryLengthUnchanged)
+TEST_P(EchoService, EchoesEveryLengthUnchangedAndClosing)
 {
 	const std::vector<int> lengths = {1, 2, 15, 16, 17, 4095, 4096, 6144, 6145, 65536, 1 << 20};
 	const int count = static_cast<int>(lengths.size());
@@ -84,11 +83,18 @@ TEST_P(EchoService, EchoesEveryLengthUnchanged)
 		service.send(i, lengths[i], patterned(lengths[i], i).data());
 		ASSERT_TRUE(bracket || echoed(i, 0)) << "message " << i;
 	}
-	if (!bracket)
-		return;
-	service.endSend();
-	for (int i = 0; i < count; ++i)
+	if (bracket)
+		service.endSend();
+	for (int i = 0; bracket && i < count; ++i)
 		ASSERT_TRUE(echoed(i, count - i - 1)) << "message " << i;
+	// Closing ends the service program.
+	const pid_t pid = service.servicePid();
+	service.close(3000);
+	EXPECT_FALSE(service.isConnected());
+	EXPECT_EQ(service.servicePid(), -1);
+	errno = 0;
+	EXPECT_EQ(kill(pid, 0), -1) << "the service program is still there";
+	EXPECT_EQ(errno, ESRCH);
 }
 
 INSTANTIATE_TEST_SUITE_P(Service, EchoService,
@@ -148,19 +154,6 @@ TEST(Service, NotificationsDeliverEveryMessage)
 		service.processNotifications();
 	}
 	EXPECT_EQ(notified, (std::vector<std::string>{"3 three", "12 twelve"}));
-}
-
-TEST(Service, ClosingEndsTheServiceProgram)
-{
-	OsiService service(echoProgram, true);
-	ASSERT_TRUE(service.isConnected());
-	const pid_t pid = service.servicePid();
-	service.close(3000);
-	EXPECT_FALSE(service.isConnected());
-	EXPECT_EQ(service.servicePid(), -1);
-	errno = 0;
-	EXPECT_EQ(kill(pid, 0), -1) << "the service program is still there";
-	EXPECT_EQ(errno, ESRCH);
 }
 
 // The service program killed in mid-conversation: the next send or receive
