@@ -1,7 +1,8 @@
 // The transport's side of a connection whose other end the test reads and
-// writes raw: how sent messages are batched into packets, and the keep-alive
-// ping (the echo service tests see plain brackets arrive). What the reader makes of incoming bytes
-// is checked against the same independent decoder by the receive fuzz target and its seeds.
+// writes raw: how sent messages are batched into packets (plain brackets are
+// seen by the echo service tests), and the keep-alive ping. What the reader
+// makes of incoming bytes is checked against the same independent decoder by
+// the receive fuzz target and its seeds.
 #include "osi/services/coipcomms.h"
 #include "services/packet_decoder.h"
 #include "services/wire.h"
