@@ -25,9 +25,8 @@ public:
 class Descriptor : public OsiClass
 {
 public:
-	Descriptor(const char* name, int version, bool makesNothing = false,
-	           const char* versionName = nullptr)
-	: OsiClass(name, version, false, versionName),
+	Descriptor(const char* name, int version, bool makesNothing = false)
+	: OsiClass(name, version),
 	  makesNothing(makesNothing)
 	{}
 	void* create() const override
@@ -142,16 +141,6 @@ TEST(ClassRegistry, WalksVisitEveryClassOnceAndStopAtTheFirstTrue)
 			EXPECT_EQ(std::set<std::string>(seen.begin(), seen.end()),
 			          (std::set<std::string>{"Alpha", "Beta", "Gamma"}));
 	}
-}
-
-TEST(ClassDescriptor, NamesVersionNamesAndSequence)
-{
-	Descriptor first("Named", 4, false, "Release");
-	Descriptor second("Other", 1);
-	EXPECT_TRUE(first.hasVersionName("Release candidate"));
-	EXPECT_FALSE(first.hasVersionName("Rel"));
-	EXPECT_FALSE(first.hasVersionName(nullptr));
-	EXPECT_FALSE(second.hasVersionName("Release"));
 }
 
 TEST(ClassDescriptor, MatchingIsAPrefixRuleOverTheFirst1024Characters)
