@@ -1,10 +1,10 @@
-#include "support/host_frame.h"
+#include "frame_run_loop.h"
 
 #include <poll.h>
 
 #include <algorithm>
 
-namespace velora_test {
+namespace velora_frame {
 
 namespace {
 template <typename Entries, typename Handler>
@@ -15,9 +15,9 @@ bool isRegistered(const Entries& entries, Handler* handler)
 }
 } // namespace
 
-HostFrame::HostFrame(){FUNKNOWN_CTOR}
+FrameRunLoop::FrameRunLoop(){FUNKNOWN_CTOR}
 
-HostFrame::~HostFrame()
+FrameRunLoop::~FrameRunLoop()
 {
 	for (auto& e : events)
 		e.handler->release();
@@ -26,7 +26,7 @@ HostFrame::~HostFrame()
 	FUNKNOWN_DTOR
 }
 
-tresult PLUGIN_API HostFrame::queryInterface(const TUID iid, void** obj)
+tresult PLUGIN_API FrameRunLoop::queryInterface(const TUID iid, void** obj)
 {
 	QUERY_INTERFACE(iid, obj, FUnknown::iid, IPlugFrame)
 	QUERY_INTERFACE(iid, obj, IPlugFrame::iid, IPlugFrame)
@@ -34,22 +34,22 @@ tresult PLUGIN_API HostFrame::queryInterface(const TUID iid, void** obj)
 	*obj = nullptr;
 	return kNoInterface;
 }
-IMPLEMENT_REFCOUNT(HostFrame)
+IMPLEMENT_REFCOUNT(FrameRunLoop)
 
-tresult PLUGIN_API HostFrame::resizeView(IPlugView* view, ViewRect* newSize)
+tresult PLUGIN_API FrameRunLoop::resizeView(IPlugView* view, ViewRect* newSize)
 {
 	return view->onSize(newSize);
 }
 
-tresult PLUGIN_API HostFrame::registerEventHandler(Linux::IEventHandler* handler,
-                                                   Linux::FileDescriptor fd)
+tresult PLUGIN_API FrameRunLoop::registerEventHandler(Linux::IEventHandler* handler,
+                                                      Linux::FileDescriptor fd)
 {
 	handler->addRef();
 	events.push_back({handler, fd});
 	return kResultTrue;
 }
 
-tresult PLUGIN_API HostFrame::unregisterEventHandler(Linux::IEventHandler* handler)
+tresult PLUGIN_API FrameRunLoop::unregisterEventHandler(Linux::IEventHandler* handler)
 {
 	const auto it = std::find_if(events.begin(), events.end(),
 	                             [&](const Event& e) { return e.handler == handler; });
@@ -60,15 +60,15 @@ tresult PLUGIN_API HostFrame::unregisterEventHandler(Linux::IEventHandler* handl
 	return kResultTrue;
 }
 
-tresult PLUGIN_API HostFrame::registerTimer(Linux::ITimerHandler* handler,
-                                            Linux::TimerInterval milliseconds)
+tresult PLUGIN_API FrameRunLoop::registerTimer(Linux::ITimerHandler* handler,
+                                               Linux::TimerInterval milliseconds)
 {
 	handler->addRef();
 	timers.push_back({handler, std::max<Linux::TimerInterval>(milliseconds, 1), 0});
 	return kResultTrue;
 }
 
-tresult PLUGIN_API HostFrame::unregisterTimer(Linux::ITimerHandler* handler)
+tresult PLUGIN_API FrameRunLoop::unregisterTimer(Linux::ITimerHandler* handler)
 {
 	const auto it = std::find_if(timers.begin(), timers.end(),
 	                             [&](const Timer& t) { return t.handler == handler; });
@@ -79,7 +79,7 @@ tresult PLUGIN_API HostFrame::unregisterTimer(Linux::ITimerHandler* handler)
 	return kResultTrue;
 }
 
-void HostFrame::tick()
+void FrameRunLoop::tick()
 {
 	std::vector<pollfd> fds;
 	for (const auto& e : events)
@@ -110,10 +110,10 @@ void HostFrame::tick()
 		}
 }
 
-void HostFrame::run(int ticks)
+void FrameRunLoop::run(int ticks)
 {
 	for (int i = 0; i < ticks; ++i)
 		tick();
 }
 
-} // namespace velora_test
+} // namespace velora_frame
