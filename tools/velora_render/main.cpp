@@ -10,6 +10,7 @@
 #include "pending_file.h"
 #include "progress.h"
 #include "report.h"
+#include "spectrum_plot.h"
 #include "state_file.h"
 
 #include <cstdio>
@@ -62,6 +63,8 @@ void render(const Options& options)
 	file.commit();
 	if (stateOut)
 		stateOut->commit();
+	if (!options.plotPath.empty())
+		writeSpectrumPlot(options, pan.description);
 
 	if (file.clipped())
 		notice(options, "the output went past full scale and was clipped to fit " +

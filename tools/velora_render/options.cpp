@@ -146,6 +146,7 @@ const std::map<std::string, ValueHandler>& valueOptions()
 	     [](Options& o, const std::string& v) { setOnce(o.loadStatePath, v, "--load-state"); }},
 	    {"--save-state",
 	     [](Options& o, const std::string& v) { setOnce(o.saveStatePath, v, "--save-state"); }},
+	    {"--plot", [](Options& o, const std::string& v) { setOnce(o.plotPath, v, "--plot"); }},
 	    {"--encoding", [](Options& o, const std::string& v) { o.encoding = parseEncoding(v); }},
 	};
 	return handlers;
@@ -236,6 +237,8 @@ input (mono, or mixed to mono) is panned to a stereo output file.
                           rendering (its angle is used unless a pan option
                           is given)
       --save-state FILE   save the plug-in's state after rendering
+      --plot FILE.png     draw the spectra of the input and of both output
+                          channels on one graph, after rendering
       --plugin PATH       the TorvikVelora.vst3 bundle (default: the one built
                           next to this tool, then ~/.vst3/TorvikVelora.vst3)
       --block N           frames per process call, 1 to 65536 (default 512)

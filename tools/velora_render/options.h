@@ -42,6 +42,7 @@ struct Options
 	PanOption pan;
 	std::string loadStatePath;
 	std::string saveStatePath;
+	std::string plotPath; // a PNG of the input's and the output's spectra
 	Encoding encoding = Encoding::automatic;
 	bool quiet = false;
 	bool help = false;
