@@ -27,7 +27,8 @@ areas=(
   "numerics:osi/numerics"
   "text:osi/text"
   "render:tools/velora_render"
-  "spectrum:tools/spectrum tools/velora_scope"
+  "spectrum:tools/spectrum"
+  "scope:tools/velora_scope tools/frame_host"
   "vgui:vgui"
 )
 

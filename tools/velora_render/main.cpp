@@ -52,6 +52,9 @@ void render(const Options& options)
 	std::optional<PendingFile> stateOut;
 	if (!options.saveStatePath.empty())
 		stateOut.emplace(options.saveStatePath, "state");
+	std::optional<PendingFile> plotOut;
+	if (!options.plotPath.empty())
+		plotOut.emplace(options.plotPath, "plot");
 
 	const AudioSource& source = file.source();
 	Progress progress(!options.quiet, options.progress, source.frames(), source.sampleRate());
@@ -63,8 +66,8 @@ void render(const Options& options)
 	file.commit();
 	if (stateOut)
 		stateOut->commit();
-	if (!options.plotPath.empty())
-		writeSpectrumPlot(options, pan.description);
+	if (plotOut)
+		writeSpectrumPlot(*plotOut, options, pan.description);
 
 	if (file.clipped())
 		notice(options, "the output went past full scale and was clipped to fit " +

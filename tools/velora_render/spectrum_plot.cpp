@@ -29,7 +29,7 @@ inputSpectra(const velora_spectrum::SpectrumAnalyser& analyser, const Options& o
 
 } // namespace
 
-void writeSpectrumPlot(const Options& options, const std::string& panDescription)
+void writeSpectrumPlot(PendingFile& plot, const Options& options, const std::string& panDescription)
 {
 	std::vector<velora_spectrum::ChannelSpectrum> spectra;
 	try
@@ -45,8 +45,8 @@ void writeSpectrumPlot(const Options& options, const std::string& panDescription
 	}
 	const velora_scope::GraphToolkit toolkit;
 	velora_scope::writePicture(
-	    options.plotPath, velora_scope::spectrumPicture(
-	                          spectra, "velora-render, pan " + panDescription, kWidth, kHeight));
+	    plot, velora_scope::spectrumPicture(spectra, "velora-render, pan " + panDescription, kWidth,
+	                                        kHeight));
 }
 
 } // namespace velora_render

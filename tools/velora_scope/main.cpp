@@ -2,6 +2,7 @@
 // toolkit, draws them to a picture, or prints their peaks. See --help.
 #include "failure.h"
 #include "graph_toolkit.h"
+#include "pending_file.h"
 #include "scope_input.h"
 #include "scope_options.h"
 #include "scope_window.h"
@@ -27,8 +28,8 @@ void show(const ScopeOptions& options, const std::vector<velora_spectrum::Channe
 	const std::string title = titleFor(options);
 	if (!options.pngPath.empty())
 	{
-		writePicture(options.pngPath,
-		             spectrumPicture(spectra, title, options.width, options.height));
+		velora_render::PendingFile picture(options.pngPath, "picture");
+		writePicture(picture, spectrumPicture(spectra, title, options.width, options.height));
 		return;
 	}
 	const SpectrumTraces traces(spectra);

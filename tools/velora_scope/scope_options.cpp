@@ -81,7 +81,7 @@ const std::map<std::string, ValueHandler>& valueOptions()
 	return handlers;
 }
 
-void check(const ScopeOptions& options, bool sizeGiven)
+void check(const ScopeOptions& options)
 {
 	if (options.help || options.version)
 		return;
@@ -91,8 +91,6 @@ void check(const ScopeOptions& options, bool sizeGiven)
 		throw usageError("--to must be later than --from");
 	if (!options.pngPath.empty() && options.peaks > 0)
 		throw usageError("give only one of --png and --peaks");
-	if (sizeGiven && options.pngPath.empty())
-		throw usageError("--size is for --png pictures");
 }
 
 } // namespace
@@ -100,7 +98,6 @@ void check(const ScopeOptions& options, bool sizeGiven)
 ScopeOptions parseScopeArguments(int argc, const char* const* argv)
 {
 	ScopeOptions options;
-	bool sizeGiven = false;
 	for (int i = 1; i < argc; ++i)
 	{
 		std::string name = argv[i];
@@ -136,10 +133,9 @@ ScopeOptions parseScopeArguments(int argc, const char* const* argv)
 				throw usageError(name + " needs a value");
 			value = argv[++i];
 		}
-		sizeGiven = sizeGiven || name == "--size";
 		handler->second(options, value);
 	}
-	check(options, sizeGiven);
+	check(options);
 	return options;
 }
 
@@ -156,7 +152,8 @@ logarithmic axis, power in dB relative to full scale.
       --to SECONDS        analyse up to this time (default: the end)
       --png FILE          draw the graph to a PNG file and exit; no window
                           and no X server needed
-      --size WxH          the picture's size in pixels (default 1000x600)
+      --size WxH          the window's or picture's size in pixels (default
+                          1000x600)
       --peaks N           print the N strongest peaks of each channel
                           (frequency in Hz, level in dB) and exit
   -h, --help              this text

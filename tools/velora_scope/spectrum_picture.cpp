@@ -1,7 +1,6 @@
 #include "spectrum_picture.h"
 
 #include "failure.h"
-#include "pending_file.h"
 #include "spectrum_traces.h"
 #include "trace_legend.h"
 
@@ -49,11 +48,10 @@ spectrumPicture(const std::vector<velora_spectrum::ChannelSpectrum>& spectra,
 	return view->png();
 }
 
-void writePicture(const std::string& path, const std::vector<unsigned char>& png)
+void writePicture(velora_render::PendingFile& file, const std::vector<unsigned char>& png)
 {
 	if (png.empty())
-		throw velora_render::runtimeError("cannot draw the picture for '" + path + "'");
-	velora_render::PendingFile file(path, "picture");
+		throw velora_render::runtimeError("cannot draw the picture for '" + file.target() + "'");
 	file.write(png.data(), png.size());
 	file.commit();
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "channel_spectrum.h"
+#include "pending_file.h"
 
 #include <string>
 #include <vector>
@@ -14,8 +15,8 @@ std::vector<unsigned char>
 spectrumPicture(const std::vector<velora_spectrum::ChannelSpectrum>& spectra,
                 const std::string& title, int width, int height);
 
-// Writes the bytes under path whole or not at all: an existing file stays
-// untouched unless all was written. Throws a runtime failure naming the file.
-void writePicture(const std::string& path, const std::vector<unsigned char>& png);
+// Writes the bytes to the pending file and commits it: the picture appears
+// whole or not at all. Throws a runtime failure naming the file.
+void writePicture(velora_render::PendingFile& file, const std::vector<unsigned char>& png);
 
 } // namespace velora_scope

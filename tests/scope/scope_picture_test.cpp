@@ -1,0 +1,181 @@
+// The pictures the tools draw without a window (velora-scope --png and
+// velora-render --plot), read back with cairo, and the tools' one-line
+// errors, which leave no file behind.
+#include "scope/scope_process.h"
+#include "scope/tone_in_noise.h"
+
+#include <cairo.h>
+
+#include <gtest/gtest.h>
+
+#include <dirent.h>
+
+#include <cstdlib>
+#include <set>
+
+namespace velora_test {
+namespace {
+
+struct Picture
+{
+	int width = 0;
+	int height = 0;
+	std::multiset<unsigned> colours; // 0xRRGGBB of every pixel
+};
+
+Picture readPng(const std::string& path)
+{
+	Picture p;
+	cairo_surface_t* s = cairo_image_surface_create_from_png(path.c_str());
+	if (cairo_surface_status(s) == CAIRO_STATUS_SUCCESS)
+	{
+		p.width = cairo_image_surface_get_width(s);
+		p.height = cairo_image_surface_get_height(s);
+		const unsigned char* data = cairo_image_surface_get_data(s);
+		for (int y = 0; y < p.height; ++y)
+			for (int x = 0; x < p.width; ++x)
+				p.colours.insert(reinterpret_cast<const unsigned*>(
+				                     data + y * cairo_image_surface_get_stride(s))[x] &
+				                 0xFFFFFF);
+	}
+	cairo_surface_destroy(s);
+	return p;
+}
+
+std::set<std::string> namesIn(const std::string& folder)
+{
+	std::set<std::string> names;
+	if (DIR* d = opendir(folder.c_str()))
+	{
+		while (const dirent* e = readdir(d))
+			names.insert(e->d_name);
+		closedir(d);
+	}
+	return names;
+}
+
+class ToolPictures : public ::testing::Test
+{
+protected:
+	void SetUp() override
+	{
+		char pattern[] = "/tmp/velora-pictures-XXXXXX";
+		ASSERT_NE(mkdtemp(pattern), nullptr);
+		folder = pattern;
+		tone = folder + "/tone.wav";
+		ASSERT_TRUE(writeToneInNoise(tone));
+	}
+	void TearDown() override { std::system(("rm -rf " + folder).c_str()); }
+
+	// Runs a tool without an X server; its exit status.
+	int run(const char* tool, const std::vector<std::string>& args)
+	{
+		ToolProcess process(tool, args, false);
+		const int status = process.finish();
+		out = process.rest();
+		err = process.errors();
+		return status;
+	}
+
+	std::string folder;
+	std::string tone;
+	std::string out;
+	std::string err;
+};
+
+// Trace colours: "Power spectrum", "Peak power spectrum", "Realtime power spectrum".
+constexpr unsigned kFirst = 0x24F424;
+constexpr unsigned kSecond = 0xF4F424;
+constexpr unsigned kThird = 0xCE63F5;
+
+TEST_F(ToolPictures, ScopePngHasTheSizeAskedForAndEveryChannelsTrace)
+{
+	const std::string png = folder + "/scope.png";
+	ASSERT_EQ(run(VELORA_SCOPE, {"--png", png, "--size", "640x400", tone}), 0) << err;
+	const Picture p = readPng(png);
+	EXPECT_EQ(p.width, 640);
+	EXPECT_EQ(p.height, 400);
+	EXPECT_GT(p.colours.count(kFirst), 300u);
+	EXPECT_GT(p.colours.count(kSecond), 300u);
+}
+
+TEST_F(ToolPictures, RenderPlotShowsTheInputAndBothOutputChannels)
+{
+	const std::string png = folder + "/plot.png";
+	ASSERT_EQ(run(VELORA_RENDER, {"--in", tone, "--out", folder + "/out.wav", "--pan", "60",
+	                              "--plot", png, "--quiet"}),
+	          0)
+	    << err;
+	const Picture p = readPng(png);
+	EXPECT_EQ(p.width, 1000);
+	EXPECT_EQ(p.height, 600);
+	for (const unsigned colour : {kFirst, kSecond, kThird})
+		EXPECT_GT(p.colours.count(colour), 300u) << std::hex << colour;
+}
+
+TEST_F(ToolPictures, PeaksPrintTheToneOfEachChannel)
+{
+	ASSERT_EQ(run(VELORA_SCOPE, {"--peaks", "1", tone}), 0) << err;
+	double hz[2] = {0, 0};
+	double db[2] = {0, 0};
+	ASSERT_EQ(std::sscanf(out.c_str(), "%*[^\t]\t%lf Hz\t%lf dB\n%*[^\t]\t%lf Hz\t%lf dB", &hz[0],
+	                      &db[0], &hz[1], &db[1]),
+	          4)
+	    << out;
+	for (double f : hz)
+		EXPECT_NEAR(f, 1000.0, 0.5);
+	// Half scale, and a tenth of that: 20 dB apart.
+	EXPECT_NEAR(db[0] - db[1], 20.0, 0.1);
+}
+
+struct ErrorCase
+{
+	const char* name;
+	const char* tool;
+	std::vector<std::string> args; // "@" stands for the scratch folder
+	int status;
+	const char* says;
+};
+
+// Nothing is written, not even the audio that a render would have made.
+class ToolErrors : public ToolPictures, public ::testing::WithParamInterface<ErrorCase>
+{};
+
+TEST_P(ToolErrors, OneLineNoOutputAndNoFile)
+{
+	const ErrorCase& c = GetParam();
+	std::vector<std::string> args;
+	for (std::string a : c.args)
+		args.push_back(a[0] == '@' ? folder + a.substr(1) : a == "TONE" ? tone : a);
+	EXPECT_EQ(run(c.tool, args), c.status);
+	EXPECT_EQ(out, "");
+	EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1) << err;
+	EXPECT_NE(err.find(c.says), std::string::npos) << err;
+	EXPECT_EQ(err.rfind(std::string(c.tool).substr(std::string(c.tool).rfind('/') + 1) + ": ", 0),
+	          0u);
+	EXPECT_EQ(namesIn(folder), (std::set<std::string>{".", "..", "tone.wav"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , ToolErrors,
+    ::testing::Values(
+        ErrorCase{"MissingFile", VELORA_SCOPE, {"@/none.wav"}, 1, "none.wav"},
+        ErrorCase{"PictureInAMissingFolder",
+                  VELORA_SCOPE,
+                  {"--png", "@/missing/out.png", "TONE"},
+                  1,
+                  "missing/out.png"},
+        ErrorCase{"FftNotAPowerOfTwo", VELORA_SCOPE, {"--fft", "1000", "TONE"}, 2, "--fft"},
+        ErrorCase{"SizeTooSmall", VELORA_SCOPE, {"--size", "10x10", "TONE"}, 2, "--size"},
+        ErrorCase{
+            "PngAndPeaks", VELORA_SCOPE, {"--peaks", "2", "--png", "@/a.png", "TONE"}, 2, "--png"},
+        ErrorCase{"NoFile", VELORA_SCOPE, {}, 2, "no input file"},
+        ErrorCase{"PlotInAMissingFolder",
+                  VELORA_RENDER,
+                  {"--in", "TONE", "--out", "@/out.wav", "--plot", "@/missing/out.png", "-q"},
+                  1,
+                  "missing/out.png"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+} // namespace
+} // namespace velora_test

@@ -1,0 +1,118 @@
+#include "scope/scope_process.h"
+
+#include <poll.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace velora_test {
+namespace {
+// Generous for a loaded machine: the bound only keeps a broken run from hanging.
+constexpr int kWaitMs = 30000;
+} // namespace
+
+ToolProcess::ToolProcess(const std::string& program, const std::vector<std::string>& args,
+                         bool display)
+{
+	int out[2];
+	int errors[2];
+	if (pipe(out) != 0 || pipe(errors) != 0)
+		return;
+	pid = fork();
+	if (pid == 0)
+	{
+		dup2(out[1], STDOUT_FILENO);
+		dup2(errors[1], STDERR_FILENO);
+		close(out[0]);
+		close(errors[0]);
+		if (!display)
+			unsetenv("DISPLAY");
+		std::vector<char*> argv{const_cast<char*>(program.c_str())};
+		for (const auto& a : args)
+			argv.push_back(const_cast<char*>(a.c_str()));
+		argv.push_back(nullptr);
+		execv(program.c_str(), argv.data());
+		_exit(127);
+	}
+	close(out[1]);
+	close(errors[1]);
+	outFd = out[0];
+	errFd = errors[0];
+}
+
+ToolProcess::~ToolProcess()
+{
+	if (pid > 0)
+	{
+		kill(pid, SIGKILL);
+		waitpid(pid, nullptr, 0);
+	}
+	if (outFd >= 0)
+		close(outFd);
+	if (errFd >= 0)
+		close(errFd);
+}
+
+bool ToolProcess::readMore(int fd, std::string& into)
+{
+	pollfd p{fd, POLLIN, 0};
+	if (poll(&p, 1, kWaitMs) <= 0)
+		return false;
+	char buffer[4096];
+	const ssize_t n = read(fd, buffer, sizeof buffer);
+	if (n <= 0)
+		return false;
+	into.append(buffer, static_cast<size_t>(n));
+	return true;
+}
+
+std::string ToolProcess::line()
+{
+	size_t end;
+	while ((end = pending.find('\n')) == std::string::npos)
+		if (!readMore(outFd, pending))
+			return "";
+	const std::string first = pending.substr(0, end);
+	pending.erase(0, end + 1);
+	return first;
+}
+
+std::string ToolProcess::lineWith(const std::string& text)
+{
+	for (std::string l = line(); !l.empty(); l = line())
+		if (l.find(text) != std::string::npos)
+			return l;
+	return "";
+}
+
+int ToolProcess::finish()
+{
+	while (readMore(outFd, pending))
+		;
+	while (readMore(errFd, err))
+		;
+	int status = 0;
+	const pid_t done = waitpid(pid, &status, 0);
+	pid = -1;
+	if (done <= 0)
+		return -1;
+	return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+std::string shell(const std::string& command)
+{
+	std::string output;
+	if (FILE* pipe = popen(command.c_str(), "r"))
+	{
+		char buffer[256];
+		while (std::fgets(buffer, sizeof buffer, pipe))
+			output += buffer;
+		pclose(pipe);
+	}
+	return output;
+}
+
+} // namespace velora_test
