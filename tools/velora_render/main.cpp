@@ -67,7 +67,7 @@ void render(const Options& options)
 	if (stateOut)
 		stateOut->commit();
 	if (plotOut)
-		writeSpectrumPlot(*plotOut, options, pan.description);
+		writeSpectrumPlot(*plotOut, options, file.panDescription());
 
 	if (file.clipped())
 		notice(options, "the output went past full scale and was clipped to fit " +

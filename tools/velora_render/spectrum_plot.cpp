@@ -18,8 +18,8 @@ constexpr int kHeight = 600;
 std::vector<velora_spectrum::ChannelSpectrum>
 inputSpectra(const velora_spectrum::SpectrumAnalyser& analyser, const Options& options)
 {
-	if (!options.inputPath.empty())
-		return analyser.analyse(options.inputPath);
+	if (!options.inputPaths.empty())
+		return analyser.analyse(options.inputPaths.front());
 	// The test signal is short and made on the fly: it is analysed in memory.
 	TestSignal signal;
 	std::vector<float> samples(static_cast<size_t>(signal.frames()));
