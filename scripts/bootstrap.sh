@@ -26,7 +26,7 @@ PACKAGES=(
   libcairo2-dev libpango1.0-dev libfreetype-dev libfontconfig-dev libexpat1-dev
   libx11-dev libxcb-cursor-dev libxcb-keysyms1-dev libxcb-util-dev libxcb-xkb-dev
   libxkbcommon-dev libxkbcommon-x11-dev libsqlite3-dev libgtkmm-3.0-dev
-  fonts-liberation xvfb xauth
+  fonts-liberation xvfb xauth xdotool
   # framework and tools
   libcminpack-dev libsndfile1-dev
   # tests, references and benchmarks
