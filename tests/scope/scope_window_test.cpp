@@ -1,7 +1,6 @@
 // velora-scope's window under a virtual X server, driven by real X input
-// (xdotool) as a user drives it: keys pick cursors, drags zoom and draw
-// filter sections, and what it prints and the window's pixels are checked
-// against the plot area read from those pixels.
+// (xdotool) as a user drives it: keys pick cursors, and what it prints and
+// the window's pixels are checked.
 #include "scope/scope_process.h"
 #include "scope/tone_in_noise.h"
 #include "support/virtual_display.h"
@@ -11,8 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-#include <cstdio>
 #include <cstdlib>
 
 namespace velora_test {
@@ -46,14 +43,6 @@ protected:
 		ASSERT_EQ(std::system(("xdotool " + arguments).c_str()), 0) << arguments;
 	}
 	void key(char k) const { xdotool(std::string("key ") + k); }
-	void drag(int x1, int y1, int x2, int y2) const
-	{
-		const std::string at = "mousemove --window " + window + " ";
-		xdotool(at + std::to_string(x1) + " " + std::to_string(y1) + " mousedown 1 " + at +
-		        std::to_string((x1 + x2) / 2) + " " + std::to_string((y1 + y2) / 2) + " " + at +
-		        std::to_string(x2) + " " + std::to_string(y2) + " mouseup 1");
-	}
-
 	// The window's pixels as 0xRRGGBB.
 	std::vector<unsigned long> pixels(int& width, int& height) const
 	{
@@ -73,34 +62,10 @@ protected:
 			XDestroyImage(image);
 		return all;
 	}
-	// The plot area's black interior along the window's middle row.
-	std::pair<int, int> plotColumns() const
-	{
-		int width = 0;
-		int height = 0;
-		const auto all = pixels(width, height);
-		const size_t row = static_cast<size_t>(height / 2) * static_cast<size_t>(width);
-		int left = 0;
-		while (left < width && all[row + static_cast<size_t>(left)] != 0)
-			++left;
-		int right = width - 1;
-		while (right > left && all[row + static_cast<size_t>(right)] != 0)
-			--right;
-		return {left, right};
-	}
-
 	std::string folder;
 	std::string window;
 	std::unique_ptr<ToolProcess> scope;
 };
-
-// Reads "view LO Hz to HI Hz" out of a read-out line.
-bool viewOf(const std::string& line, double& low, double& high)
-{
-	const auto at = line.find("view ");
-	return at != std::string::npos &&
-	       std::sscanf(line.c_str() + at, "view %lf Hz to %lf Hz", &low, &high) == 2;
-}
 
 TEST_F(ScopeWindow, KeysPickEveryCursorAndNameIt)
 {
@@ -114,31 +79,6 @@ TEST_F(ScopeWindow, KeysPickEveryCursorAndNameIt)
 		key(k);
 		EXPECT_EQ(scope->line(), std::string("cursor: ") + name);
 	}
-}
-
-TEST_F(ScopeWindow, AZoomDragShowsTheDraggedFrequenciesInTheReadOut)
-{
-	key('a');
-	double low = 0;
-	double high = 0;
-	ASSERT_TRUE(viewOf(scope->lineWith("view "), low, high));
-	const auto [left, right] = plotColumns();
-	ASSERT_GT(right - left, 500);
-	const int from = left + 200;
-	const int to = left + 400;
-	drag(from, 150, to, 300);
-	double zoomedLow = 0;
-	double zoomedHigh = 0;
-	ASSERT_TRUE(viewOf(scope->lineWith("view "), zoomedLow, zoomedHigh));
-	// The axis is logarithmic; two pixels of slack each way.
-	const auto at = [&](double x) {
-		return low * std::pow(high / low, (x - left) / (right - left));
-	};
-	const double slack = std::pow(high / low, 2.0 / (right - left));
-	EXPECT_GT(zoomedLow, at(from) / slack);
-	EXPECT_LT(zoomedLow, at(from) * slack);
-	EXPECT_GT(zoomedHigh, at(to) / slack);
-	EXPECT_LT(zoomedHigh, at(to) * slack);
 }
 
 TEST_F(ScopeWindow, ShowsTheTracesInTheirColours)
