@@ -15,6 +15,7 @@
 #include "vgui/vguigraphcontroltypeinfo.h"
 #include "vgui/vguilineplot.h"
 
+#include "noisy_sine.h"
 #include "time_reporter.h"
 
 #include "vstgui/lib/cframe.h"
@@ -56,19 +57,9 @@ public:
 	CRect dirty;
 };
 
-// A noisy sine of 20 periods over x from 0 to 1, within -1.2 .. 1.2.
 VGuiReference<VGuiGraphData> signal()
 {
-	auto data = VGuiReference<VGuiGraphData>::adopt(new VGuiGraphData(kPoints, 1));
-	unsigned state = 1;
-	for (int i = 0; i < kPoints; ++i)
-	{
-		state = state * 1664525u + 1013904223u;
-		const double noise = (state >> 8) / double(1 << 24) - 0.5;
-		const double x = double(i) / (kPoints - 1);
-		(*data)[i] = VGuiGraphPoint(x, std::sin(2 * M_PI * 20 * x) + 0.3 * noise, 0);
-	}
-	return data;
+	return noisySine(kPoints);
 }
 
 // The frame, attached without a window, holding the graph control.
