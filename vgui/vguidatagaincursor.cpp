@@ -88,15 +88,10 @@ void VGuiDataGainCursor::moveAction(const VGuiPoint& p)
 {
 	if (!control || !dragging || !owner)
 		return;
-	double centre = 0.0;
-	double gain = 1.0;
-	double q = 0.0;
-	filterParameters(start, p, centre, gain, q);
-	const auto section = VGuiReference<VGuiParametricFilterSection>::adopt(
-	    new VGuiParametricFilterSection(q, centre, gain));
+	const auto adjusted = section(start, p);
 	text.clear();
-	section->description(text);
-	control->trackAdjust(data(), section.get());
+	adjusted->description(text);
+	control->trackAdjust(data(), adjusted.get());
 }
 
 void VGuiDataGainCursor::endAction(const VGuiPoint& a, const VGuiPoint& b, bool cancelled)
@@ -104,13 +99,18 @@ void VGuiDataGainCursor::endAction(const VGuiPoint& a, const VGuiPoint& b, bool 
 	text.clear();
 	if (!control || !owner)
 		return;
+	control->endAdjust(section(a, b).get(), cancelled);
+}
+
+VGuiReference<VGuiParametricFilterSection> VGuiDataGainCursor::section(const VGuiPoint& a,
+                                                                       const VGuiPoint& b)
+{
 	double centre = 0.0;
 	double gain = 1.0;
 	double q = 0.0;
 	filterParameters(a, b, centre, gain, q);
-	const auto section = VGuiReference<VGuiParametricFilterSection>::adopt(
+	return VGuiReference<VGuiParametricFilterSection>::adopt(
 	    new VGuiParametricFilterSection(q, centre, gain));
-	control->endAdjust(section.get(), cancelled);
 }
 
 void VGuiDataGainCursor::realize(VSTGUI::CDrawContext*)

@@ -7,8 +7,10 @@
 #pragma once
 
 #include "vgui/vguiconstraineddatacursor.h"
+#include "vgui/vguireference.h"
 
 class VGuiGraphControl;
+class VGuiParametricFilterSection;
 
 class VGuiDataGainCursor : public VGuiConstrainedDataCursor
 {
@@ -32,6 +34,8 @@ public:
 	string_ext<char> text;
 
 private:
+	// The section of a drag from a to b, through filterParameters.
+	VGuiReference<VGuiParametricFilterSection> section(const VGuiPoint& a, const VGuiPoint& b);
 	// Sets or clears the flag of a Q key; false for other keys.
 	bool qKey(const VstKeyCode& key, bool down);
 

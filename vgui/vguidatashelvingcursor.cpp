@@ -48,24 +48,24 @@ void VGuiDataShelvingCursor::moveAction(const VGuiPoint& p)
 {
 	if (!control || !dragging || !owner)
 		return;
-	double corner = 0.0;
-	double slope = 0.0;
-	filterParameters(start, p, corner, slope);
-	const auto section = VGuiReference<VGuiShelvingFilterSection>::adopt(
-	    new VGuiShelvingFilterSection(corner, slope, highShelf));
-	control->trackAdjust(data(), section.get());
+	control->trackAdjust(data(), section(start, p).get());
 }
 
 void VGuiDataShelvingCursor::endAction(const VGuiPoint& a, const VGuiPoint& b, bool cancelled)
 {
 	if (!control || !owner)
 		return;
+	control->endAdjust(section(a, b).get(), cancelled);
+}
+
+VGuiReference<VGuiShelvingFilterSection> VGuiDataShelvingCursor::section(const VGuiPoint& a,
+                                                                         const VGuiPoint& b)
+{
 	double corner = 0.0;
 	double slope = 0.0;
 	filterParameters(a, b, corner, slope);
-	const auto section = VGuiReference<VGuiShelvingFilterSection>::adopt(
+	return VGuiReference<VGuiShelvingFilterSection>::adopt(
 	    new VGuiShelvingFilterSection(corner, slope, highShelf));
-	control->endAdjust(section.get(), cancelled);
 }
 
 void VGuiDataShelvingCursor::realize(VSTGUI::CDrawContext*)

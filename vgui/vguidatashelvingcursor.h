@@ -9,8 +9,10 @@
 #pragma once
 
 #include "vgui/vguiconstraineddatacursor.h"
+#include "vgui/vguireference.h"
 
 class VGuiGraphControl;
+class VGuiShelvingFilterSection;
 
 class VGuiDataShelvingCursor : public VGuiConstrainedDataCursor
 {
@@ -28,6 +30,9 @@ public:
 	void filterParameters(const VGuiPoint& a, const VGuiPoint& b, double& corner, double& slope);
 
 private:
+	// The section of a drag from a to b, through filterParameters.
+	VGuiReference<VGuiShelvingFilterSection> section(const VGuiPoint& a, const VGuiPoint& b);
+
 	VGuiGraphControl* control;
 	bool highShelf;
 };
