@@ -1,47 +1,15 @@
 #include "nxvelora_processor.h"
 
+#include "glide_renderer.h"
 #include "nxvelora_state.h"
+#include "pan_output.h"
 #include "pan_vstcommon.h"
 #include "pluginterfaces/vst/ivstparameterchanges.h"
-
-#include <algorithm>
 
 namespace Steinberg {
 namespace Vst {
 
 namespace {
-constexpr double kNearLimitDegrees = 30.0;
-// Samples per pass of a glide: small enough for three arrays on the stack,
-// large enough that the gains' runs seldom end at a pass's end.
-constexpr int32 kGlideChunk = 256;
-
-// One output sample pair: beyond +-30 degrees the far channel carries the
-// low-passed copy, scaled by the law's (negative-gain) extra factor.
-inline void panSample(double s, double f, double angle, double gL, double gR, float& left,
-                      float& right)
-{
-	if (angle < -kNearLimitDegrees)
-	{
-		left = static_cast<float>(s * gL);
-		right = static_cast<float>(f * gR * VeloraLaw::gain);
-	}
-	else if (angle > kNearLimitDegrees)
-	{
-		left = static_cast<float>(f * gL * VeloraLaw::gain);
-		right = static_cast<float>(s * gR);
-	}
-	else
-	{
-		left = static_cast<float>(s * gL);
-		right = static_cast<float>(s * gR);
-	}
-}
-
-inline double gainAt(double angle)
-{
-	return VeloraLaw::evalSegment(VeloraLaw::segmentOf(angle), angle);
-}
-
 inline ParamValue clampNormalized(ParamValue v)
 {
 	return v < 0.0 ? 0.0 : (v > 1.0 ? 1.0 : v);
@@ -183,10 +151,14 @@ tresult PLUGIN_API NxVeloraProcessor::process(ProcessData& data)
 	if (!left || !right || !in)
 		return kResultOk;
 
+	// After a change the angle glides; the previous angle is deliberately left
+	// as it is, so every following block repeats the glide until the
+	// parameter changes again.
 	if (previousAngle == currentAngle)
 		renderConstant(in, left, right, data.numSamples);
 	else
-		renderGlide(in, left, right, data.numSamples);
+		GlideRenderer::fastest(law->filter(), previousAngle, currentAngle, in, left, right,
+		                       data.numSamples);
 	return kResultOk;
 }
 
@@ -198,53 +170,14 @@ void NxVeloraProcessor::renderConstant(const float* in, float* left, float* righ
 {
 	LowPassFilter filter = law->filter();
 	const double angle = currentAngle;
-	const double gL = gainAt(angle);
-	const double gR = gainAt(-angle);
+	const double gL = VeloraLaw::gainAt(angle);
+	const double gR = VeloraLaw::gainAt(-angle);
 	for (int32 i = 0; i < count; ++i)
 	{
 		const double s = in[i];
 		const double f = filter.y(s);
-		panSample(s, f, angle, gL, gR, left[i], right[i]);
-	}
-	law->filter() = filter;
-}
-
-// The angle glides linearly from the previous angle to one step short of the
-// current one. The previous angle is deliberately left as it is, so every
-// following block repeats this glide until the parameter changes again.
-// Work goes in chunks and passes: angles, then gains (both wide, as they do
-// not depend on one another), then the filter's serial recursion (on a local
-// copy, as for a constant angle) and the output.
-void NxVeloraProcessor::renderGlide(const float* in, float* left, float* right, int32 count)
-{
-	LowPassFilter filter = law->filter();
-	const double n = count;
-	const double current = currentAngle;
-	const double previous = previousAngle;
-	// Dividing by a power of two only scales, exactly, so for such blocks (the
-	// usual ones) multiplying by the reciprocal gives the very same angles at
-	// a fraction of the cost of a division.
-	const bool exactReciprocal = (count & (count - 1)) == 0;
-	const double reciprocal = 1.0 / n;
-	double angle[kGlideChunk];
-	double gainL[kGlideChunk];
-	double gainR[kGlideChunk];
-	for (int32 start = 0; start < count; start += kGlideChunk)
-	{
-		const int32 length = std::min(kGlideChunk, count - start);
-		for (int32 k = 0; k < length; ++k)
-		{
-			const int32 i = start + k;
-			const double sum = i * current + (count - i) * previous;
-			angle[k] = exactReciprocal ? sum * reciprocal : sum / n;
-		}
-		VeloraLaw::channelGains(length, angle, gainL, gainR);
-		for (int32 k = 0; k < length; ++k)
-		{
-			const double s = in[start + k];
-			const double f = filter.y(s);
-			panSample(s, f, angle[k], gainL[k], gainR[k], left[start + k], right[start + k]);
-		}
+		left[i] = static_cast<float>(PanOutput::left(s, f, angle, gL));
+		right[i] = static_cast<float>(PanOutput::right(s, f, angle, gR));
 	}
 	law->filter() = filter;
 }

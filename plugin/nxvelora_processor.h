@@ -36,7 +36,6 @@ private:
 	void readParameterChanges(IParameterChanges* changes);
 	void setPanNormalized(ParamValue value);
 	void renderConstant(const float* in, float* left, float* right, int32 count);
-	void renderGlide(const float* in, float* left, float* right, int32 count);
 
 	std::unique_ptr<VeloraLaw> law;
 	// The pan parameter converts normalised values to degrees. Its value is

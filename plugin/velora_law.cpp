@@ -1,6 +1,5 @@
 #include "velora_law.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
@@ -78,82 +77,6 @@ int bisect(double u)
 	}
 	return lo;
 }
-
-// The angles u whose left segment (at u) and right segment (at -u) are
-// given ones.
-struct SharedRange
-{
-	SharedRange(int left, int right)
-	{
-		double loL = 0, hiL = 0, loR = 0, hiR = 0;
-		segmentRange(left, loL, hiL);
-		segmentRange(right, loR, hiR);
-		lo = std::max(loL, -hiR);
-		hi = std::min(hiL, -loR);
-	}
-	bool holds(double u) const { return u >= lo && u <= hi; }
-
-	// The closed range of values v for which segmentOf(v) is segment i: the
-	// first segment also takes everything up to and including its right
-	// knot, the second starts just above that knot, the last has no end.
-	static void segmentRange(int i, double& lo, double& hi)
-	{
-		constexpr double inf = std::numeric_limits<double>::infinity();
-		lo = i == 0 ? -inf : (i == 1 ? std::nextafter(VeloraLaw::x[1], inf) : VeloraLaw::x[i]);
-		hi = i == 0 ? VeloraLaw::x[1]
-		            : (i == kLastSegment ? inf : std::nextafter(VeloraLaw::x[i + 1], -inf));
-	}
-
-	double lo;
-	double hi;
-};
-
-// Where the run of angles from the first within range ends, found by
-// bisection: the angles of a glide move one way, so those within range come
-// first. Rounding can make them waver by a step at a knot; evalRun's test
-// catches that.
-int bisectRun(int count, const double* angle, SharedRange range)
-{
-	int lo = 1;
-	int hi = count;
-	while (lo < hi)
-	{
-		const int mid = lo + (hi - lo) / 2;
-		if (range.holds(angle[mid]))
-			lo = mid + 1;
-		else
-			hi = mid;
-	}
-	return lo;
-}
-
-// The run's length counted one by one: the fallback for angles that do not
-// move one way.
-int scanRun(int count, const double* angle, SharedRange range)
-{
-	int k = 1;
-	while (k < count && range.holds(angle[k]))
-		++k;
-	return k;
-}
-
-// Both channels' gains over a run with the segments held; answers whether
-// all of its angles lie within range, as they do when the run is right.
-bool evalRun(int left, int right, SharedRange range, int count, const double* angle, double* gainL,
-             double* gainR)
-{
-	// A flag kept as a double and set by selection, the form of test that
-	// the compiler vectorises along with the gains.
-	double outside = 0.0;
-	for (int k = 0; k < count; ++k)
-	{
-		const double u = angle[k];
-		gainL[k] = VeloraLaw::evalSegment(left, u);
-		gainR[k] = VeloraLaw::evalSegment(right, -u);
-		outside = range.holds(u) ? outside : 1.0;
-	}
-	return outside == 0.0;
-}
 } // namespace
 
 LowPassFilter::LowPassFilter(double sampleRate, double cutoff)
@@ -183,18 +106,11 @@ void VeloraLaw::spline_eval(int count, const double* in, double* out)
 	}
 }
 
-void VeloraLaw::channelGains(int count, const double* angle, double* left, double* right)
+void VeloraLaw::segmentRange(int i, double& lo, double& hi)
 {
-	for (int k = 0; k < count;)
-	{
-		const int segmentL = segmentOf(angle[k]);
-		const int segmentR = segmentOf(-angle[k]);
-		const SharedRange range(segmentL, segmentR);
-		int run = bisectRun(count - k, angle + k, range);
-		if (!evalRun(segmentL, segmentR, range, run, angle + k, left + k, right + k))
-			run = scanRun(count - k, angle + k, range);
-		k += run;
-	}
+	constexpr double inf = std::numeric_limits<double>::infinity();
+	lo = i == 0 ? -inf : (i == 1 ? std::nextafter(x[1], inf) : x[i]);
+	hi = i == 0 ? x[1] : (i == kLastSegment ? inf : std::nextafter(x[i + 1], -inf));
 }
 
 } // namespace Vst

@@ -19,6 +19,26 @@ public:
 		y1 = out;
 		return out;
 	}
+	// The outputs for a vector of consecutive inputs (a GCC vector of
+	// doubles), bit for bit what y() gives one at a time: the feed-forward
+	// sums A*x[n-1] + A*x[n] do not depend on the feedback, so the products
+	// are formed wide; only the feedback, a multiply and a subtraction per
+	// sample, stays serial. Inlined always, as vectors cross no call.
+	template <class Vector> [[gnu::always_inline]] Vector ys(Vector input)
+	{
+		constexpr int lanes = sizeof(Vector) / sizeof(double);
+		const Vector fed = A * input;
+		double fedBefore = A * x1;
+		Vector out;
+		for (int k = 0; k < lanes; ++k)
+		{
+			y1 = fedBefore + fed[k] - B * y1;
+			out[k] = y1;
+			fedBefore = fed[k];
+		}
+		x1 = input[lanes - 1];
+		return out;
+	}
 	void reset() { y1 = x1 = 0.0; }
 
 private:
@@ -65,17 +85,26 @@ public:
 			++i;
 		return i;
 	}
-	static double evalSegment(int i, double u)
+	// The closed range of angles v for which segmentOf(v) is segment i: the
+	// first segment also takes everything up to and including its right
+	// knot, the second starts just above that knot, the last has no end.
+	static void segmentRange(int i, double& lo, double& hi);
+
+	// Horner form of a segment's cubic about its left knot xi. T is double or
+	// a GCC vector of doubles, evaluated lane by lane with the same roundings;
+	// the coefficients are scalars or vectors of them.
+	template <class T, class C>
+	[[gnu::always_inline]] static T cubic(C xi, C yi, C bi, C ci, C di, T u)
 	{
-		const double dx = u - x[i];
-		return ((d[i] * dx + c[i]) * dx + b[i]) * dx + y[i];
+		const T dx = u - xi;
+		return ((di * dx + ci) * dx + bi) * dx + yi;
 	}
-	// The gains of both channels at count angles: left[k] at angle[k] and
-	// right[k] at -angle[k], each bit for bit what evalSegment(segmentOf(v), v)
-	// gives. Runs of angles that keep both segments, as in a glide, are
-	// evaluated with the segments' coefficients held, in loops that the
-	// compiler vectorises.
-	static void channelGains(int count, const double* angle, double* left, double* right);
+	template <class T> [[gnu::always_inline]] static T evalSegment(int i, T u)
+	{
+		return cubic(x[i], y[i], b[i], c[i], d[i], u);
+	}
+	// A lone angle's gain, bit for bit what spline_eval gives for it.
+	static double gainAt(double u) { return evalSegment(segmentOf(u), u); }
 
 	LowPassFilter& filter() { return lowPass; }
 

@@ -163,6 +163,8 @@ TEST(Processor, MatchesThePlainReferenceBitForBit)
 		const auto out = host.run(in, changes);
 		std::vector<float> l(static_cast<size_t>(size)), r(static_cast<size_t>(size));
 		naivePan(*law, previous, current, in.data(), l.data(), r.data(), size);
+		if (size == 0)
+			return; // an empty block has no buffers to compare
 		ASSERT_EQ(0, std::memcmp(out.left.data(), l.data(), sizeof(float) * l.size()))
 		    << "from " << previous << " to " << current;
 		ASSERT_EQ(0, std::memcmp(out.right.data(), r.data(), sizeof(float) * r.size()))
