@@ -9,43 +9,62 @@ namespace Steinberg {
 namespace Vst {
 
 namespace {
-// Four samples per step, one AVX2 register of doubles; the baseline build
-// does each operation as two SSE2 ones. The filter's recursion is serial
+// Several samples per step: four in the AVX2 build, one register of doubles
+// each, and two in the baseline build, whose SSE2 registers hold two (four
+// there would spill the held coefficients). The filter's recursion is serial
 // whatever the width: the angles, gains and outputs are what go wide, and
 // they overlap with it in one loop.
-constexpr int kLanes = 4;
-using Doubles = double __attribute__((vector_size(kLanes * sizeof(double))));
-using Floats = float __attribute__((vector_size(kLanes * sizeof(float))));
-using Mask = long long __attribute__((vector_size(kLanes * sizeof(long long))));
-
-// No vector is passed by value to a call that is not inlined (how it is
-// passed differs between the two builds), so everything taking one is
-// inlined always.
-[[gnu::always_inline]] inline Doubles load(const float* p)
+template <class D, class F, class M> struct Wide
 {
-	Floats f;
-	std::memcpy(&f, p, sizeof f);
-	return __builtin_convertvector(f, Doubles);
-}
+	static constexpr int lanes = sizeof(D) / sizeof(double);
+	using Doubles = D;
+	using Floats = F;
+	using Mask = M;
 
-[[gnu::always_inline]] inline void store(float* p, Doubles v)
-{
-	const Floats f = __builtin_convertvector(v, Floats);
-	std::memcpy(p, &f, sizeof f);
-}
-
-[[gnu::always_inline]] inline Doubles splat(double v)
-{
-	return Doubles{v, v, v, v};
-}
-
-// Halves folded onto each other, then the two lanes left: fewer steps than
-// four lanes taken out one by one.
-[[gnu::always_inline]] inline bool allLanes(Mask m)
-{
-	const Mask folded = m & __builtin_shufflevector(m, m, 2, 3, 0, 1);
-	return (folded[0] & folded[1]) != 0;
-}
+	// No vector is passed by value to a call that is not inlined (how it is
+	// passed differs between the two builds), so everything taking one is
+	// inlined always.
+	[[gnu::always_inline]] static Doubles load(const float* p)
+	{
+		Floats f;
+		std::memcpy(&f, p, sizeof f);
+		return __builtin_convertvector(f, Doubles);
+	}
+	[[gnu::always_inline]] static void store(float* p, Doubles v)
+	{
+		const Floats f = __builtin_convertvector(v, Floats);
+		std::memcpy(p, &f, sizeof f);
+	}
+	[[gnu::always_inline]] static Doubles splat(double v)
+	{
+		Doubles spread;
+		for (int k = 0; k < lanes; ++k)
+			spread[k] = v;
+		return spread;
+	}
+	[[gnu::always_inline]] static Doubles count()
+	{
+		Doubles lane;
+		for (int k = 0; k < lanes; ++k)
+			lane[k] = k;
+		return lane;
+	}
+	[[gnu::always_inline]] static bool all(Mask m)
+	{
+		long long every = m[0];
+		for (int k = 1; k < lanes; ++k)
+			every &= m[k];
+		return every != 0;
+	}
+};
+typedef double Doubles2 __attribute__((vector_size(2 * sizeof(double))));
+typedef float Floats2 __attribute__((vector_size(2 * sizeof(float))));
+typedef long long Mask2 __attribute__((vector_size(2 * sizeof(long long))));
+using Pairs = Wide<Doubles2, Floats2, Mask2>;
+typedef double Doubles4 __attribute__((vector_size(4 * sizeof(double))));
+typedef float Floats4 __attribute__((vector_size(4 * sizeof(float))));
+typedef long long Mask4 __attribute__((vector_size(4 * sizeof(long long))));
+using Quads = Wide<Doubles4, Floats4, Mask4>;
 
 // The angle of sample i: dividing by a power of two only scales, exactly, so
 // for such blocks (the usual ones) multiplying by the reciprocal gives the
@@ -88,9 +107,10 @@ const SegmentRanges kRanges;
 // The rare step whose angles span more than two segments, or waver back
 // across a knot: each lane on its own. Out of line, to keep it out of the
 // hot loop.
-[[gnu::noinline]] void gainsOneByOne(const Doubles& u, Doubles& g)
+template <class W>
+[[gnu::noinline]] void gainsOneByOne(const typename W::Doubles& u, typename W::Doubles& g)
 {
-	for (int k = 0; k < kLanes; ++k)
+	for (int k = 0; k < W::lanes; ++k)
 		g[k] = VeloraLaw::gainAt(u[k]);
 }
 
@@ -99,8 +119,11 @@ const SegmentRanges kRanges;
 // coefficients are held spread over the lanes, ready for the next step. A
 // step that crosses a knot takes each lane from the segment before or the
 // one after it, and holds the latter.
-class HeldSegment
+template <class W> class HeldSegment
 {
+	using Doubles = typename W::Doubles;
+	using Mask = typename W::Mask;
+
 public:
 	explicit HeldSegment(double u) : HeldSegment(VeloraLaw::segmentOf(u)) {}
 
@@ -112,15 +135,15 @@ public:
 	[[gnu::always_inline]] Doubles follow(Doubles u)
 	{
 		const Mask before = inside(u);
-		if (allLanes(before))
+		if (W::all(before))
 			return gains(u);
-		const HeldSegment after(VeloraLaw::segmentOf(u[kLanes - 1]));
+		const HeldSegment after(VeloraLaw::segmentOf(u[W::lanes - 1]));
 		const Mask crossed = after.inside(u);
 		Doubles g;
-		if (allLanes(before | crossed))
+		if (W::all(before | crossed))
 			g = crossed ? after.gains(u) : gains(u);
 		else
-			gainsOneByOne(u, g);
+			gainsOneByOne<W>(u, g);
 		*this = after;
 		return g;
 	}
@@ -132,11 +155,11 @@ private:
 	explicit HeldSegment(int i)
 	: lo(kRanges.lo[i]),
 	  hi(kRanges.hi[i]),
-	  x(splat(VeloraLaw::x[i])),
-	  y(splat(VeloraLaw::y[i])),
-	  b(splat(VeloraLaw::b[i])),
-	  c(splat(VeloraLaw::c[i])),
-	  d(splat(VeloraLaw::d[i]))
+	  x(W::splat(VeloraLaw::x[i])),
+	  y(W::splat(VeloraLaw::y[i])),
+	  b(W::splat(VeloraLaw::b[i])),
+	  c(W::splat(VeloraLaw::c[i])),
+	  d(W::splat(VeloraLaw::d[i]))
 	{}
 
 	Doubles x;
@@ -149,15 +172,17 @@ private:
 // Both channels' gains: the left at the angle, the right at its negative.
 // Their two held segments share one range of angles, so nearly every step is
 // one range test and two Horner evaluations.
-class GlideGains
+template <class W> class GlideGains
 {
+	using Doubles = typename W::Doubles;
+
 public:
 	explicit GlideGains(double angle) : left(angle), right(-angle) { share(); }
 
 	[[gnu::always_inline]] void at(Doubles angle, Doubles& gainL, Doubles& gainR)
 	{
 		const Doubles opposite = -angle;
-		if (allLanes((angle >= lo) & (angle <= hi)))
+		if (W::all((angle >= lo) & (angle <= hi)))
 		{
 			gainL = left.gains(angle);
 			gainR = right.gains(opposite);
@@ -176,8 +201,8 @@ private:
 		hi = std::min(left.hi, -right.lo);
 	}
 
-	HeldSegment left;
-	HeldSegment right;
+	HeldSegment<W> left;
+	HeldSegment<W> right;
 	double lo = 0.0;
 	double hi = 0.0;
 };
@@ -186,24 +211,26 @@ private:
 // caller's, as far as the compiler knows, might share memory with the
 // outputs. Each step reads its inputs before it writes, so the outputs may
 // be the input buffer.
+template <class W>
 [[gnu::always_inline]] inline void renderGlide(LowPassFilter& filter, double previous,
                                                double current, const float* in, float* left,
                                                float* right, int count)
 {
 	LowPassFilter local = filter;
 	const GlideLine line(previous, current, count);
-	GlideGains gains(line.at(0.0));
-	const int wide = count - count % kLanes;
-	Doubles index = {0.0, 1.0, 2.0, 3.0};
-	for (int i = 0; i < wide; i += kLanes, index += kLanes)
+	using Doubles = typename W::Doubles;
+	GlideGains<W> gains(line.at(0.0));
+	const int wide = count - count % W::lanes;
+	Doubles index = W::count();
+	for (int i = 0; i < wide; i += W::lanes, index += W::lanes)
 	{
 		const Doubles angle = line.at(index);
-		const Doubles s = load(in + i);
+		const Doubles s = W::load(in + i);
 		const Doubles f = local.ys(s);
 		Doubles gL, gR;
 		gains.at(angle, gL, gR);
-		store(left + i, PanOutput::left(s, f, angle, gL));
-		store(right + i, PanOutput::right(s, f, angle, gR));
+		W::store(left + i, PanOutput::left(s, f, angle, gL));
+		W::store(right + i, PanOutput::right(s, f, angle, gR));
 	}
 	for (int i = wide; i < count; ++i)
 	{
@@ -219,7 +246,7 @@ private:
 void renderPlain(LowPassFilter& filter, double previous, double current, const float* in,
                  float* left, float* right, int count)
 {
-	renderGlide(filter, previous, current, in, left, right, count);
+	renderGlide<Pairs>(filter, previous, current, in, left, right, count);
 }
 
 // AVX2 without FMA: a fused multiply-add rounds once where the baseline
@@ -228,7 +255,7 @@ __attribute__((target("avx2"))) void renderAvx2(LowPassFilter& filter, double pr
                                                 double current, const float* in, float* left,
                                                 float* right, int count)
 {
-	renderGlide(filter, previous, current, in, left, right, count);
+	renderGlide<Quads>(filter, previous, current, in, left, right, count);
 }
 
 GlideRenderer::Kernel pickFastest()
