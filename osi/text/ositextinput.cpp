@@ -1,5 +1,7 @@
 #include "osi/text/ositextinput.h"
 
+#include "osi/text/osidecimalnumber.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
@@ -183,7 +185,7 @@ bool OsiTextInput::readDataValue(double& value)
 	const Field read = readFieldAt(field);
 	if (read == Field::Missing)
 		return false;
-	if (read == Field::Complete && std::sscanf(field.c_str(), "%lg", &value) == 1)
+	if (read == Field::Complete && OsiDecimalNumber::scan(field.c_str(), value))
 		return true;
 	errorText.sprintf(kCannotConvert, field.c_str(), static_cast<long>(line),
 	                  static_cast<long>(column));

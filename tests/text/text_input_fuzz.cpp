@@ -1,6 +1,7 @@
-// Arbitrary bytes as a typed number, as free text holding a number, as a
-// number to print, and as a numeric text file: the first line is the layout,
-// the rest the file's contents.
+// Arbitrary bytes as a typed number, as a number read as sscanf reads it, as
+// free text holding a number, as a number to print, and as a numeric text file: the first line is
+// the layout, the rest the file's contents.
+#include "osi/text/osidecimalnumber.h"
 #include "osi/text/osinumbertostring.h"
 #include "osi/text/osiparsenumber.h"
 #include "osi/text/osistringtonumber.h"
@@ -47,6 +48,13 @@ void fuzzNumbers(const std::string& text)
 	OsiStringToNumber number(-1e6, 1e6);
 	number.convert(text.c_str());
 	check(number.errorMessage != nullptr, "a message");
+
+	double ours = 0;
+	double theirs = 0;
+	const bool scanned = OsiDecimalNumber::scan(text.c_str(), ours);
+	check(scanned == (std::sscanf(text.c_str(), "%lg", &theirs) == 1),
+	      "a number where sscanf has one");
+	check(!scanned || std::memcmp(&ours, &theirs, sizeof ours) == 0, "the number sscanf reads");
 
 	OsiParseNumber parser;
 	const char* start = nullptr;
