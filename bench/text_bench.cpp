@@ -2,9 +2,7 @@
 // library, then formatted into storage of that size) against sizing with
 // snprintf(nullptr, 0) and formatting again into a std::string; and
 // OsiTextInput reading a two-column file under "d,dN" against an fscanf loop
-// over the same file, and beside them the floor of any reader that converts
-// each field on its own with sscanf "%lg": the fields, split beforehand,
-// converted from memory. The ratios of the times are printed at the end.
+// over the same file. The ratios of the times are printed at the end.
 #include "osi/base/string_ext.h"
 #include "osi/text/ositextinput.h"
 
@@ -112,40 +110,6 @@ void BM_Fscanf(benchmark::State& state)
 	state.SetItemsProcessed(state.iterations() * kRows * 2);
 }
 
-// The file's fields, split once.
-const std::vector<std::string>& columnFields()
-{
-	static const std::vector<std::string> fields = [] {
-		std::vector<std::string> all;
-		char a[64] = {0};
-		char b[64] = {0};
-		std::FILE* file = std::fopen(columnFile().c_str(), "r");
-		while (std::fscanf(file, "%63[^,],%63[^\n]\n", a, b) == 2)
-		{
-			all.emplace_back(a);
-			all.emplace_back(b);
-		}
-		std::fclose(file);
-		return all;
-	}();
-	return fields;
-}
-
-void BM_SscanfFields(benchmark::State& state)
-{
-	const auto& fields = columnFields();
-	for (auto _ : state)
-	{
-		double sum = 0;
-		double value = 0;
-		for (const std::string& field : fields)
-			if (std::sscanf(field.c_str(), "%lg", &value) == 1)
-				sum += value;
-		benchmark::DoNotOptimize(sum);
-	}
-	state.SetItemsProcessed(state.iterations() * kRows * 2);
-}
-
 void printRatio(const TimeReporter& reporter, const std::string& what, const std::string& ours,
                 const std::string& reference)
 {
@@ -168,7 +132,6 @@ int main(int argc, char** argv)
 	}
 	benchmark::RegisterBenchmark("text_input/d,dN", BM_TextInput);
 	benchmark::RegisterBenchmark("fscanf/d,dN", BM_Fscanf);
-	benchmark::RegisterBenchmark("sscanf_fields/d,dN", BM_SscanfFields);
 	benchmark::Initialize(&argc, argv);
 	TimeReporter reporter;
 	benchmark::RunSpecifiedBenchmarks(&reporter);
@@ -177,7 +140,6 @@ int main(int argc, char** argv)
 		printRatio(reporter, std::string("sprintf ") + c.name, "string_ext/" + std::string(c.name),
 		           "two_pass_snprintf/" + std::string(c.name));
 	printRatio(reporter, "read 100000 rows", "text_input/d,dN", "fscanf/d,dN");
-	printRatio(reporter, "  floor: sscanf the fields", "sscanf_fields/d,dN", "fscanf/d,dN");
 	std::remove(columnFile().c_str());
 	benchmark::Shutdown();
 	return 0;
