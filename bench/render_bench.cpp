@@ -7,7 +7,9 @@
 //   the benchmark stays within minutes) with --jobs 2 against --jobs 1 (goal:
 //   1.8x the files per second or more on 2 cores), rendered to 32-bit float
 //   WAV, where each file's 23 MB written and fsynced make the disk the limit,
-//   and to FLAC, where the work is the processor's;
+//   and to FLAC, where the work is the processor's; beside them, the plain
+//   conversion of the same 16 files one after another, which is the floor the
+//   disk sets for WAV whatever the number of workers;
 // - the peak memory of the child for a one-hour file and, per worker, for the
 //   folder with --jobs 2 (goal: under 32 MB each), and the one-hour file's
 //   peak over the 15-minute file's (1.0 when memory does not grow with length).
@@ -135,6 +137,14 @@ void BM_Conversion(benchmark::State& state)
 		convert(scratch / "15min.wav", scratch / "converted.wav");
 }
 
+void BM_FolderConversion(benchmark::State& state)
+{
+	for (auto _ : state)
+		for (int i = 0; i < kFolderFiles; ++i)
+			convert(scratch / "folder" / ("file" + std::to_string(i) + ".wav"),
+			        scratch / "converted.wav");
+}
+
 void BM_Render(benchmark::State& state)
 {
 	for (auto _ : state)
@@ -185,6 +195,7 @@ int main(int argc, char** argv)
 
 	registerOnce(benchmark::RegisterBenchmark("conversion_15min", BM_Conversion));
 	registerOnce(benchmark::RegisterBenchmark("render_15min", BM_Render));
+	registerOnce(benchmark::RegisterBenchmark("conversion_folder", BM_FolderConversion));
 	for (const char* format : kFolderFormats)
 		for (int jobs : {1, 2})
 			registerOnce(benchmark::RegisterBenchmark(folderName(jobs, format).c_str(), BM_Folder,
@@ -209,6 +220,12 @@ int main(int argc, char** argv)
 			            "(goal >= 1.8)\n",
 			            kFolderFiles, format, jobs1 / jobs2);
 	}
+	const double folderConversion = measured("conversion_folder");
+	const double folderWav = measured(folderName(2, "wav"));
+	if (folderConversion > 0 && folderWav > 0)
+		std::printf("%d one-minute files to wav: --jobs 2 / plain conversions one after another: "
+		            "%.2fx (the disk's floor when near 1)\n",
+		            kFolderFiles, folderWav / folderConversion);
 	std::printf("peak memory: 1-hour file %.1f MB, per worker of --jobs 2 %.1f MB (goal < 32); "
 	            "1 hour / 15 minutes: %.2fx\n",
 	            hourPeak / kMegabyte, folderPeak / 2 / kMegabyte, hourPeak / quarterPeak);

@@ -140,6 +140,7 @@ void OutputFile::write(const float* stereo, int frames)
 {
 	if (sf_writef_float(file, stereo, frames) != frames)
 		fail();
+	pending.startWriteback();
 }
 
 void OutputFile::commit()
