@@ -1,21 +1,69 @@
 // velora-scope's window under a virtual X server, driven by real X input
-// (xdotool) as a user drives it: keys pick cursors, and what it prints and
-// the window's pixels are checked.
+// (xdotool) as a user drives it: keys pick cursors, drags zoom and draw
+// filter sections, and what it prints and the window's pixels are checked
+// against the plot area read from those pixels.
 #include "scope/scope_process.h"
 #include "scope/tone_in_noise.h"
 #include "support/virtual_display.h"
 
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
+#include <X11/extensions/Xdamage.h>
 
 #include <gtest/gtest.h>
 
+#include <poll.h>
+
+#include <cmath>
+#include <cstdio>
 #include <cstdlib>
+#include <functional>
+#include <numeric>
 
 namespace velora_test {
 namespace {
 
 const auto* virtualDisplay = ::testing::AddGlobalTestEnvironment(new VirtualDisplay);
+
+// The window's pixels as 0xRRGGBB.
+struct Picture
+{
+	int width = 0;
+	int height = 0;
+	std::vector<unsigned long> all;
+	unsigned long at(int x, int y) const
+	{
+		return all[static_cast<size_t>(y) * static_cast<size_t>(width) + static_cast<size_t>(x)];
+	}
+	// The rows of a column that have colour, from the top.
+	std::vector<int> rowsOf(unsigned long colour, int x) const
+	{
+		std::vector<int> rows;
+		for (int y = 0; y < height; ++y)
+			if (at(x, y) == colour)
+				rows.push_back(y);
+		return rows;
+	}
+};
+
+// The plot area's black interior, found along the window's middle row and
+// a column a quarter in.
+struct PlotArea
+{
+	int left = 0;
+	int right = 0;
+	int top = 0;
+	int bottom = 0;
+	int x(double fraction) const { return left + static_cast<int>(fraction * (right - left)); }
+	int y(double fraction) const { return top + static_cast<int>(fraction * (bottom - top)); }
+};
+
+// "Power spectrum", the first trace's colour, and "Filter adjust power
+// spectrum", the gain cursor's preview of it.
+constexpr unsigned long kTrace = 0x24F424;
+constexpr unsigned long kPreview = 0xA0FFFF;
+// What cursors draw with.
+constexpr unsigned long kCursor = 0xC0C0C0;
 
 class ScopeWindow : public ::testing::Test
 {
@@ -34,6 +82,11 @@ protected:
 		window = shell("xdotool search --sync --onlyvisible --name '" + file + "'");
 		ASSERT_FALSE(window.empty());
 		window.pop_back();
+		// The focus, as a window manager gives it: a window of an earlier
+		// test may have taken it along when it closed.
+		XSetInputFocus(VirtualDisplay::display, std::stoul(window), RevertToPointerRoot,
+		               CurrentTime);
+		XSync(VirtualDisplay::display, False);
 		xdotool("mousemove --window " + window + " 300 200");
 	}
 	void TearDown() override { std::system(("rm -rf " + folder).c_str()); }
@@ -43,29 +96,123 @@ protected:
 		ASSERT_EQ(std::system(("xdotool " + arguments).c_str()), 0) << arguments;
 	}
 	void key(char k) const { xdotool(std::string("key ") + k); }
-	// The window's pixels as 0xRRGGBB.
-	std::vector<unsigned long> pixels(int& width, int& height) const
+	std::string at(int x, int y) const
+	{
+		return "mousemove --window " + window + " " + std::to_string(x) + " " + std::to_string(y);
+	}
+	// Presses at from and moves to to by way of their middle; released there
+	// unless hold.
+	void drag(int x1, int y1, int x2, int y2, bool hold = false) const
+	{
+		xdotool(at(x1, y1) + " mousedown 1 " + at((x1 + x2) / 2, (y1 + y2) / 2) + " " + at(x2, y2) +
+		        (hold ? "" : " mouseup 1"));
+	}
+
+	Picture picture() const
 	{
 		Display* d = VirtualDisplay::display;
 		const Window w = std::stoul(window);
 		XWindowAttributes a;
 		XGetWindowAttributes(d, w, &a);
-		width = a.width;
-		height = a.height;
-		XImage* image = XGetImage(d, w, 0, 0, static_cast<unsigned>(width),
-		                          static_cast<unsigned>(height), AllPlanes, ZPixmap);
-		std::vector<unsigned long> all;
-		for (int y = 0; image && y < height; ++y)
-			for (int x = 0; x < width; ++x)
-				all.push_back(XGetPixel(image, x, y) & 0xFFFFFF);
+		Picture p{a.width, a.height, {}};
+		XImage* image = XGetImage(d, w, 0, 0, static_cast<unsigned>(p.width),
+		                          static_cast<unsigned>(p.height), AllPlanes, ZPixmap);
+		for (int y = 0; image && y < p.height; ++y)
+			for (int x = 0; x < p.width; ++x)
+				p.all.push_back(XGetPixel(image, x, y) & 0xFFFFFF);
 		if (image)
 			XDestroyImage(image);
-		return all;
+		return p;
 	}
+	PlotArea plotArea() const
+	{
+		const Picture p = picture();
+		PlotArea a{0, p.width - 1, 0, p.height - 1};
+		const auto black = [&](int x, int y) { return p.at(x, y) == 0; };
+		while (a.left < a.right && !black(a.left, p.height / 2))
+			++a.left;
+		while (a.right > a.left && !black(a.right, p.height / 2))
+			--a.right;
+		const int column = a.x(0.25);
+		while (a.top < a.bottom && !black(column, a.top))
+			++a.top;
+		while (a.bottom > a.top && !black(column, a.bottom))
+			--a.bottom;
+		return a;
+	}
+	// The window's picture once it shows what done looks for: it is looked
+	// at again each time the tool draws. Empty when the tool stops drawing
+	// without showing it.
+	Picture pictureWhen(const std::function<bool(const Picture&)>& done) const
+	{
+		Display* d = VirtualDisplay::display;
+		int events = 0;
+		int errors = 0;
+		if (!XDamageQueryExtension(d, &events, &errors))
+			return {};
+		const Damage damage = XDamageCreate(d, std::stoul(window), XDamageReportNonEmpty);
+		Picture p;
+		for (;;)
+		{
+			// Emptied before looking, so that any drawing after the look is told.
+			XDamageSubtract(d, damage, 0, 0);
+			XSync(d, False);
+			p = picture();
+			if (done(p) || !nextDamage(events + XDamageNotify))
+				break;
+		}
+		// Gone before the window is, which would take the damage with it.
+		XDamageDestroy(d, damage);
+		XSync(d, False);
+		return done(p) ? p : Picture{};
+	}
+
 	std::string folder;
 	std::string window;
 	std::unique_ptr<ToolProcess> scope;
+
+private:
+	static bool nextDamage(int type)
+	{
+		Display* d = VirtualDisplay::display;
+		XEvent event;
+		for (;;)
+		{
+			while (XPending(d) > 0)
+			{
+				XNextEvent(d, &event);
+				if (event.type == type)
+					return true;
+			}
+			// Bounded only to keep a broken run from hanging.
+			pollfd p{ConnectionNumber(d), POLLIN, 0};
+			if (poll(&p, 1, 30000) <= 0)
+				return false;
+		}
+	}
 };
+
+// The view of a read-out line: "view LO Hz to HI Hz, LO dB to HI dB".
+struct View
+{
+	double lowHz = 0;
+	double highHz = 0;
+	double lowDb = 0;
+	double highDb = 0;
+};
+
+bool viewOf(const std::string& line, View& v)
+{
+	const auto at = line.find("view ");
+	return at != std::string::npos &&
+	       std::sscanf(line.c_str() + at, "view %lf Hz to %lf Hz, %lf dB to %lf dB", &v.lowHz,
+	                   &v.highHz, &v.lowDb, &v.highDb) == 4;
+}
+
+double meanOf(const std::vector<int>& rows)
+{
+	return std::accumulate(rows.begin(), rows.end(), 0.0) / static_cast<double>(rows.size());
+}
 
 TEST_F(ScopeWindow, KeysPickEveryCursorAndNameIt)
 {
@@ -83,13 +230,98 @@ TEST_F(ScopeWindow, KeysPickEveryCursorAndNameIt)
 
 TEST_F(ScopeWindow, ShowsTheTracesInTheirColours)
 {
-	int width = 0;
-	int height = 0;
-	const auto all = pixels(width, height);
 	// "Power spectrum" and "Peak power spectrum", the first two traces' colours.
-	for (const unsigned long colour : {0x24F424ul, 0xF4F424ul})
-		EXPECT_GT(std::count(all.begin(), all.end(), colour), 300) << std::hex << colour;
+	const Picture shown = pictureWhen([](const Picture& p) {
+		return std::count(p.all.begin(), p.all.end(), kTrace) > 300 &&
+		       std::count(p.all.begin(), p.all.end(), 0xF4F424ul) > 300;
+	});
+	EXPECT_GT(shown.width, 0);
 }
+
+struct DragCase
+{
+	const char* name;
+	char cursor;
+	// Where the drag ends, as fractions of the plot area; past 1 leaves the window.
+	double toX;
+	double toY;
+	const char* ends; // the start of the line printed when the drag has ended
+};
+
+void PrintTo(const DragCase& c, std::ostream* out)
+{
+	*out << c.name;
+}
+
+class ScopeDrag : public ScopeWindow, public ::testing::WithParamInterface<DragCase>
+{};
+
+TEST_P(ScopeDrag, EndsWhereverReleasedAndActsOnWhatWasDragged)
+{
+	const DragCase& c = GetParam();
+	key('a');
+	View all;
+	ASSERT_TRUE(viewOf(scope->lineWith("view "), all));
+	key(c.cursor);
+	ASSERT_EQ(scope->lineWith("cursor: ").at(8), c.cursor);
+	const PlotArea area = plotArea();
+	ASSERT_GT(area.right - area.left, 500);
+	const int x1 = area.x(0.4);
+	const int y1 = area.y(0.5);
+	const int x2 = area.x(c.toX);
+	const int y2 = area.y(c.toY);
+	const bool preview = c.cursor == 'g' && c.toX <= 1.0;
+	drag(x1, y1, x2, y2, preview);
+	double previewDb = 0;
+	if (preview)
+	{
+		// Once the band mark is drawn at the pointer, the preview is of the
+		// section there: its rise over the trace where the drag began.
+		const Picture shown = pictureWhen([&](const Picture& p) {
+			for (int y = y2 - 2; y <= y2 + 2; ++y)
+				for (int x = x2 - 2; x <= x2 + 2; ++x)
+					if (p.at(x, y) == kCursor)
+						return true;
+			return false;
+		});
+		const auto trace = shown.rowsOf(kTrace, x1);
+		const auto previewed = shown.rowsOf(kPreview, x1);
+		ASSERT_FALSE(trace.empty() || previewed.empty());
+		previewDb = (meanOf(trace) - meanOf(previewed)) * (all.highDb - all.lowDb) /
+		            (area.bottom - area.top);
+		xdotool("mouseup 1");
+	}
+	const std::string ended = scope->lineWith(c.ends);
+	ASSERT_FALSE(ended.empty());
+	if (preview)
+	{
+		// ",G=" and the section's gain in dB.
+		const auto g = ended.find(",G=");
+		ASSERT_NE(g, std::string::npos) << ended;
+		EXPECT_NEAR(previewDb, std::strtod(ended.c_str() + g + 3, nullptr), 2.0) << ended;
+	}
+	if (c.cursor == 'z')
+	{
+		View zoomed;
+		ASSERT_TRUE(viewOf(ended, zoomed));
+		// The axis is logarithmic; two pixels of slack each way.
+		const double span = all.highHz / all.lowHz;
+		const auto frequencyAt = [&](double x) {
+			return all.lowHz * std::pow(span, (x - area.left) / (area.right - area.left));
+		};
+		const double slack = std::pow(span, 2.0 / (area.right - area.left));
+		EXPECT_GT(zoomed.lowHz, frequencyAt(x1) / slack);
+		EXPECT_LT(zoomed.lowHz, frequencyAt(x1) * slack);
+		EXPECT_GT(zoomed.highHz, frequencyAt(x2) / slack);
+		EXPECT_LT(zoomed.highHz, frequencyAt(x2) * slack);
+	}
+}
+
+INSTANTIATE_TEST_SUITE_P(, ScopeDrag,
+                         ::testing::Values(DragCase{"ZoomIn", 'z', 0.75, 0.8, "view "},
+                                           DragCase{"GainReleasedOutsideTheWindow", 'g', 1.2, 0.3,
+                                                    "filter"}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 } // namespace
 } // namespace velora_test

@@ -85,14 +85,18 @@ void FrameRunLoop::tick()
 	for (const auto& e : events)
 		fds.push_back({e.fd, POLLIN, 0});
 	poll(fds.data(), fds.size(), static_cast<int>(kTickMs));
+	// Every handler is served on every tick, readable or not: VSTGUI's X11
+	// handler ends with a round trip to the server, and events arriving
+	// meanwhile (the release that ends a drag) are read into its
+	// connection's own queue, where the descriptor no longer shows them.
 	// Handlers may unregister others while they are called: only those still
 	// registered are called, each held by a reference meanwhile.
-	const auto ready = events;
-	for (size_t i = 0; i < fds.size(); ++i)
-		if ((fds[i].revents & POLLIN) && isRegistered(events, ready[i].handler))
+	const auto served = events;
+	for (const auto& e : served)
+		if (isRegistered(events, e.handler))
 		{
-			IPtr<Linux::IEventHandler> handler = ready[i].handler;
-			handler->onFDIsSet(ready[i].fd);
+			IPtr<Linux::IEventHandler> handler = e.handler;
+			handler->onFDIsSet(e.fd);
 		}
 	std::vector<Linux::ITimerHandler*> due;
 	for (auto& t : timers)

@@ -1,7 +1,7 @@
 // The host's side of a VSTGUI window: the plug frame and the Linux run loop
 // that serves VSTGUI's file descriptors and timers. Time in the loop is
 // counted in ticks, not read from a clock: each tick waits briefly for the
-// registered descriptors, serves the ready ones and advances the timers by
+// registered descriptors, serves every handler and advances the timers by
 // one tick's length, so a caller bounds its waits by a count of ticks.
 #pragma once
 
