@@ -2,6 +2,7 @@
 
 #include "vgui/vguigenericfiltersection.h"
 #include "vgui/vguiglobalgraphproperties.h"
+#include "vgui/vguigraphaxis.h"
 #include "vgui/vguigraphcontroltypeinfo.h"
 #include "vgui/vguigraphdata.h"
 #include "vgui/vguigraphplotproperties.h"
@@ -231,10 +232,14 @@ void VGuiGraphControl::trackAdjust(VGuiGraphData* data, VGuiGenericFilterSection
 {
 	if (!adjustedPlot || !data || !section || data->count() != adjustedData->count())
 		return;
+	// A section's magnitude scales amplitudes; powers go by its square.
+	const VGuiGraphAxis* y = shown->yAxis();
+	const bool powers = y && y->power;
 	for (int i = 0; i < data->count(); ++i)
 	{
 		const VGuiGraphPoint& p = (*data)[i];
-		(*adjustedData)[i].y = p.y * section->magnitude(p.x, false);
+		const double m = section->magnitude(p.x, false);
+		(*adjustedData)[i].y = p.y * (powers ? m * m : m);
 	}
 	adjustedPlot->refresh(false);
 }

@@ -319,6 +319,7 @@ TEST_P(ScopeDrag, EndsWhereverReleasedAndActsOnWhatWasDragged)
 
 INSTANTIATE_TEST_SUITE_P(, ScopeDrag,
                          ::testing::Values(DragCase{"ZoomIn", 'z', 0.75, 0.8, "view "},
+                                           DragCase{"Gain", 'g', 0.55, 0.4, "filter"},
                                            DragCase{"GainReleasedOutsideTheWindow", 'g', 1.2, 0.3,
                                                     "filter"}),
                          [](const auto& info) { return std::string(info.param.name); });
