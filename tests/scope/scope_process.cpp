@@ -94,6 +94,12 @@ int ToolProcess::finish()
 		;
 	while (readMore(errFd, err))
 		;
+	// Standard error still open means the program runs on (its quit never
+	// arrived): waiting for it would hang the test, so it is left to the
+	// destructor.
+	pollfd p{errFd, POLLIN, 0};
+	if (poll(&p, 1, 0) != 1 || !(p.revents & POLLHUP))
+		return -1;
 	int status = 0;
 	const pid_t done = waitpid(pid, &status, 0);
 	pid = -1;

@@ -62,8 +62,6 @@ struct PlotArea
 // spectrum", the gain cursor's preview of it.
 constexpr unsigned long kTrace = 0x24F424;
 constexpr unsigned long kPreview = 0xA0FFFF;
-// What cursors draw with.
-constexpr unsigned long kCursor = 0xC0C0C0;
 
 class ScopeWindow : public ::testing::Test
 {
@@ -100,12 +98,10 @@ protected:
 	{
 		return "mousemove --window " + window + " " + std::to_string(x) + " " + std::to_string(y);
 	}
-	// Presses at from and moves to to by way of their middle; released there
-	// unless hold.
+	// Presses at from and moves to to in one step; released there unless hold.
 	void drag(int x1, int y1, int x2, int y2, bool hold = false) const
 	{
-		xdotool(at(x1, y1) + " mousedown 1 " + at((x1 + x2) / 2, (y1 + y2) / 2) + " " + at(x2, y2) +
-		        (hold ? "" : " mouseup 1"));
+		xdotool(at(x1, y1) + " mousedown 1 " + at(x2, y2) + (hold ? "" : " mouseup 1"));
 	}
 
 	Picture picture() const
@@ -238,6 +234,49 @@ TEST_F(ScopeWindow, ShowsTheTracesInTheirColours)
 	EXPECT_GT(shown.width, 0);
 }
 
+// The window manager's close button: WM_DELETE_WINDOW, as a window
+// manager sends it.
+void closeButton(Window window)
+{
+	Display* d = VirtualDisplay::display;
+	XEvent event{};
+	event.xclient.type = ClientMessage;
+	event.xclient.window = window;
+	event.xclient.message_type = XInternAtom(d, "WM_PROTOCOLS", False);
+	event.xclient.format = 32;
+	event.xclient.data.l[0] = static_cast<long>(XInternAtom(d, "WM_DELETE_WINDOW", False));
+	event.xclient.data.l[1] = CurrentTime;
+	XSendEvent(d, window, False, NoEventMask, &event);
+	XSync(d, False);
+}
+
+struct QuitCase
+{
+	const char* name;
+	bool closeButton; // else the q key
+};
+
+void PrintTo(const QuitCase& c, std::ostream* out)
+{
+	*out << c.name;
+}
+
+class ScopeQuit : public ScopeWindow, public ::testing::WithParamInterface<QuitCase>
+{};
+
+TEST_P(ScopeQuit, EndsWithStatus0)
+{
+	if (GetParam().closeButton)
+		closeButton(std::stoul(window));
+	else
+		key('q');
+	EXPECT_EQ(scope->finish(), 0) << scope->errors();
+}
+
+INSTANTIATE_TEST_SUITE_P(, ScopeQuit,
+                         ::testing::Values(QuitCase{"QKey", false}, QuitCase{"CloseButton", true}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
 struct DragCase
 {
 	const char* name;
@@ -275,15 +314,13 @@ TEST_P(ScopeDrag, EndsWhereverReleasedAndActsOnWhatWasDragged)
 	double previewDb = 0;
 	if (preview)
 	{
-		// Once the band mark is drawn at the pointer, the preview is of the
-		// section there: its rise over the trace where the drag began.
-		const Picture shown = pictureWhen([&](const Picture& p) {
-			for (int y = y2 - 2; y <= y2 + 2; ++y)
-				for (int x = x2 - 2; x <= x2 + 2; ++x)
-					if (p.at(x, y) == kCursor)
-						return true;
-			return false;
-		});
+		// The preview starts on the trace, hiding it, and leaves it at the
+		// one move: then it shows the section at the pointer. Its rise over
+		// the trace, where the drag began.
+		const auto apart = [&](const Picture& p) {
+			return !p.rowsOf(kTrace, x1).empty() && !p.rowsOf(kPreview, x1).empty();
+		};
+		const Picture shown = pictureWhen(apart);
 		const auto trace = shown.rowsOf(kTrace, x1);
 		const auto previewed = shown.rowsOf(kPreview, x1);
 		ASSERT_FALSE(trace.empty() || previewed.empty());
