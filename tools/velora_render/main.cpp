@@ -10,6 +10,7 @@
 #include "pending_file.h"
 #include "progress.h"
 #include "report.h"
+#include "run_tool.h"
 #include "spectrum_plot.h"
 #include "state_file.h"
 
@@ -105,18 +106,5 @@ int run(int argc, const char* const* argv)
 
 int main(int argc, char** argv)
 {
-	try
-	{
-		return velora_render::run(argc, argv);
-	}
-	catch (const velora_render::Failure& failure)
-	{
-		std::fprintf(stderr, "velora-render: %s\n", failure.what());
-		return failure.status();
-	}
-	catch (const std::exception& error)
-	{
-		std::fprintf(stderr, "velora-render: %s\n", error.what());
-		return velora_render::kExitRuntime;
-	}
+	return velora_render::runTool("velora-render", velora_render::run, argc, argv);
 }

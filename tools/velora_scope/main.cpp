@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "graph_toolkit.h"
 #include "pending_file.h"
+#include "run_tool.h"
 #include "scope_input.h"
 #include "scope_options.h"
 #include "scope_window.h"
@@ -62,18 +63,5 @@ int run(int argc, const char* const* argv)
 
 int main(int argc, char** argv)
 {
-	try
-	{
-		return velora_scope::run(argc, argv);
-	}
-	catch (const velora_render::Failure& failure)
-	{
-		std::fprintf(stderr, "velora-scope: %s\n", failure.what());
-		return failure.status();
-	}
-	catch (const std::exception& error)
-	{
-		std::fprintf(stderr, "velora-scope: %s\n", error.what());
-		return velora_render::kExitRuntime;
-	}
+	return velora_render::runTool("velora-scope", velora_scope::run, argc, argv);
 }
