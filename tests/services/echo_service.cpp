@@ -7,21 +7,17 @@
 
 #include <unistd.h>
 
-#include <cstdio>
-
-namespace {
-
-// A client that never connects must not leave this program waiting forever.
-constexpr unsigned int connectTimeLimitSeconds = 60;
-
-void echo(OsiServiceProvider& provider)
+int main(int argc, char** argv)
 {
-	bool bracketOpen = false;
-	while (provider.isConnected() && !provider.isPeerClosed())
+	// A client that never connects must not leave this program waiting forever.
+	alarm(60);
+	OsiServiceProvider provider(argc, argv, true);
+	alarm(0);
+	if (!provider.isConnected())
+		return 1;
+	for (bool bracketOpen = false; provider.isConnected() && !provider.isPeerClosed();)
 	{
-		int id = 0;
-		int length = 0;
-		int remaining = 0;
+		int id = 0, length = 0, remaining = 0;
 		void* data = nullptr;
 		if (provider.receive(id, length, data, remaining))
 		{
@@ -36,23 +32,6 @@ void echo(OsiServiceProvider& provider)
 			bracketOpen = false;
 		}
 	}
-}
-
-} // namespace
-
-int main(int argc, char** argv)
-{
-	if (argc < 3)
-	{
-		std::fprintf(stderr, "usage: %s address port\n", argv[0]);
-		return 2;
-	}
-	alarm(connectTimeLimitSeconds);
-	OsiServiceProvider provider(argc, argv, true);
-	alarm(0);
-	if (!provider.isConnected())
-		return 1;
-	echo(provider);
 	provider.close();
 	return 0;
 }

@@ -1,8 +1,11 @@
 // The packet layout read straight from the bytes, independently of the
-// transport: what its reader must deliver for a byte stream.
+// transport: what its reader must deliver for a byte stream, and the bytes
+// that arrived on the raw end of a connection.
 #pragma once
 
 #include "osi/services/coipcomms.h"
+
+#include <sys/socket.h>
 
 #include <cstdint>
 #include <cstring>
@@ -89,6 +92,16 @@ inline Outcome decode(const std::uint8_t* bytes, size_t size)
 inline Outcome decode(const std::vector<unsigned char>& bytes)
 {
 	return decode(bytes.data(), bytes.size());
+}
+
+// Whatever has arrived on socket, without waiting.
+inline std::vector<unsigned char> drain(int socket)
+{
+	std::vector<unsigned char> bytes;
+	unsigned char sink[4096];
+	for (ssize_t got; (got = recv(socket, sink, sizeof sink, MSG_DONTWAIT)) > 0;)
+		bytes.insert(bytes.end(), sink, sink + got);
+	return bytes;
 }
 
 } // namespace wire

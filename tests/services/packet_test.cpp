@@ -1,11 +1,10 @@
-// The transport's side of a connection whose other end the test reads and
-// writes raw: how sent messages are batched into packets (plain brackets are
-// seen by the echo service tests), and the keep-alive ping. What the reader
-// makes of incoming bytes is checked against the same independent decoder by
-// the receive fuzz target and its seeds.
+// The transport's side of a connection whose other end the test reads raw:
+// how sent messages are batched into packets (plain brackets are seen by the
+// echo service tests), and the keep-alive ping. What the reader makes of
+// incoming bytes is checked against the same independent decoder by the
+// receive fuzz target and its seeds.
 #include "osi/services/coipcomms.h"
 #include "services/packet_decoder.h"
-#include "services/wire.h"
 
 #include <gtest/gtest.h>
 
@@ -52,6 +51,7 @@ struct Sending
 	std::function<void(OsiIPCommsBase&)> send;
 	std::vector<Delivery> arrives; // with the messages left in each one's packet
 	const char* says = "";
+	std::int64_t firstIdentifier = 0; // as the first message carries it, when not 0
 };
 
 const std::string p400(400, 'p');
@@ -93,6 +93,14 @@ const Sending sendings[] = {
      },
      {{2, "ok", 0}},
      "2000 bytes"},
+    {"negativeIdentifiersTravelSignExtended",
+     [](OsiIPCommsBase& c) {
+	     c.send(-7, 1, "n");
+	     c.send(3, 1, "x");
+     },
+     {{3, "x", 0}},
+     "",
+     -7},
 };
 
 class Send : public testing::TestWithParam<Sending>
@@ -104,7 +112,13 @@ TEST_P(Send, ArrivesAsTheDecoderReadsIt)
 	testing::internal::CaptureStdout();
 	GetParam().send(connection.comms);
 	const std::string said = testing::internal::GetCapturedStdout();
-	const wire::Outcome outcome = wire::decode(wire::drain(connection.far));
+	const auto bytes = wire::drain(connection.far);
+	const wire::Outcome outcome = wire::decode(bytes);
+	if (GetParam().firstIdentifier != 0)
+	{
+		ASSERT_GE(bytes.size(), 48u);
+		EXPECT_EQ(wire::field(bytes.data() + 40), GetParam().firstIdentifier);
+	}
 	EXPECT_FALSE(outcome.closed);
 	EXPECT_EQ(outcome.deliveries, GetParam().arrives);
 	EXPECT_NE(said.find(GetParam().says), std::string::npos) << said;
@@ -123,6 +137,9 @@ TEST(KeepAlive, AnsweredPingsKeepThePeerAliveAndASilentOneIsStillHeard)
 {
 	Connection connection(true);
 	connection.comms.setKeepAliveInterval(std::chrono::milliseconds(0));
+	OsiIPCommsBase peer(false); // writes on the raw end, never reads from it
+	peer.attachSocket(dup(connection.far), false);
+	const std::int32_t one = 1;
 	std::string data;
 	for (int round = 0; round < 3; ++round)
 	{
@@ -130,14 +147,15 @@ TEST(KeepAlive, AnsweredPingsKeepThePeerAliveAndASilentOneIsStillHeard)
 		EXPECT_FALSE(connection.comms.isPeerClosed()) << "round " << round;
 		ASSERT_EQ(wire::decode(wire::drain(connection.far)).pings, 1) << "round " << round;
 		if (round < 2)
-			wire::writeAll(connection.far,
-			               wire::packet({{OsiMessagePingAnswer, wire::signalData()}}));
+			peer.send(OsiMessagePingAnswer, sizeof one, &one);
 	}
 	EXPECT_FALSE(connection.receive(data));
 	EXPECT_TRUE(connection.comms.isPeerClosed());
 	EXPECT_TRUE(connection.comms.isConnected()) << "the socket stays until it is closed";
-	wire::writeAll(connection.far,
-	               wire::packet({{OsiMessagePingAnswer, wire::signalData()}, {2, "late"}}));
+	peer.beginSend();
+	peer.send(OsiMessagePingAnswer, sizeof one, &one);
+	peer.send(2, 4, "late");
+	peer.endSend();
 	ASSERT_TRUE(connection.receive(data));
 	EXPECT_EQ(data, "late");
 	EXPECT_EQ(wire::decode(wire::drain(connection.far)).pings, 1);

@@ -7,7 +7,6 @@
 #include "osi/osd/osdsocket.h"
 #include "osi/services/coipcomms.h"
 #include "services/packet_decoder.h"
-#include "services/wire.h"
 
 #include <sys/socket.h>
 #include <unistd.h>

@@ -3,7 +3,6 @@
 // closing and a killed program; the choice of ports and the provider's side.
 #include "osi/services/coservice.h"
 #include "osi/services/coserviceprovider.h"
-#include "services/receive_one.h"
 
 #include <gtest/gtest.h>
 
@@ -14,29 +13,43 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <string>
 #include <tuple>
 #include <vector>
 
 namespace {
 
-using wire::Received;
-using wire::receiveOne;
-
 const char* const echoProgram = VELORA_ECHO_SERVICE;
 
 // Test processes running side by side would otherwise search ports from the
 // same number and connect to each other's services.
-class SpreadPorts : public testing::Environment
+const auto* const spreadPorts = [] {
+	OsiService::NextPort = static_cast<std::uint16_t>(20000 + (getpid() * 7919L) % 30000);
+	return &OsiService::NextPort;
+}();
+
+struct Received
 {
-public:
-	void SetUp() override
-	{
-		OsiService::NextPort = static_cast<std::uint16_t>(20000 + (getpid() * 7919L) % 30000);
-	}
+	int id = -100;
+	int remaining = -1;
+	std::string data;
 };
 
-const testing::Environment* const spreadPorts = testing::AddGlobalTestEnvironment(new SpreadPorts);
+// Receives until an application message comes (true) or the peer is marked
+// closed, a few seconds at most.
+bool receiveOne(OsiIPCommsBase& comms, Received& got)
+{
+	const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+	for (int length = 0; std::chrono::steady_clock::now() < deadline && !comms.isPeerClosed();
+	     comms.waitForInput(20))
+	{
+		void* data = nullptr;
+		if (comms.receive(got.id, length, data, got.remaining))
+			return got.data.assign(static_cast<const char*>(data), size_t(length)), true;
+	}
+	return false;
+}
 
 // Bytes that differ from message to message and along each message.
 std::string patterned(int length, int seed)
@@ -47,35 +60,26 @@ std::string patterned(int length, int seed)
 	return data;
 }
 
-// Alone, each message comes back in a packet of its own; in one bracket, all
-// come back in one packet.
-struct Echo
-{
-	bool blocking;
-	bool bracket;
-};
-
-class EchoService : public testing::TestWithParam<Echo>
+// (blocking, in one bracket): alone, each message comes back in a packet of
+// its own; in one bracket, all come back in one packet.
+class EchoService : public testing::TestWithParam<std::tuple<bool, bool>>
 {};
 
 TEST_P(EchoService, EchoesEveryLengthUnchangedAndClosing)
 {
+	const auto [blocking, bracket] = GetParam();
 	const std::vector<int> lengths = {1, 2, 15, 16, 17, 4095, 4096, 6144, 6145, 65536, 1 << 20};
 	const int count = static_cast<int>(lengths.size());
-	OsiService service(echoProgram, GetParam().blocking);
+	OsiService service(echoProgram, blocking);
 	ASSERT_TRUE(service.isConnected());
-	// False if nothing came back.
 	const auto echoed = [&](int i, int remaining) {
 		Received got;
-		if (!receiveOne(service, got))
-			return false;
-		EXPECT_EQ(got.id, i);
-		EXPECT_EQ(got.remaining, remaining);
+		const bool came = receiveOne(service, got);
+		EXPECT_EQ(std::tie(got.id, got.remaining), std::tie(i, remaining));
 		EXPECT_TRUE(got.data == patterned(lengths[i], i))
 		    << lengths[i] << " bytes came back changed";
-		return true;
+		return came;
 	};
-	const bool bracket = GetParam().bracket;
 	if (bracket)
 		service.beginSend();
 	for (int i = 0; i < count; ++i)
@@ -97,34 +101,7 @@ TEST_P(EchoService, EchoesEveryLengthUnchangedAndClosing)
 	EXPECT_EQ(errno, ESRCH);
 }
 
-INSTANTIATE_TEST_SUITE_P(Service, EchoService,
-                         testing::Values(Echo{false, false}, Echo{false, true}, Echo{true, false},
-                                         Echo{true, true}),
-                         [](const testing::TestParamInfo<Echo>& info) {
-	                         return std::string(info.param.blocking ? "blocking" : "nonBlocking") +
-	                                (info.param.bracket ? "Bracket" : "Alone");
-                         });
-
-TEST(Service, OpeningPrintsWhereItConnects)
-{
-	const unsigned short next = OsiService::NextPort.load();
-	testing::internal::CaptureStdout();
-	OsiService service(echoProgram, false);
-	OsiService missing("/nonexistent/velora service", false);
-	const std::string said = testing::internal::GetCapturedStdout();
-	ASSERT_TRUE(service.isConnected()) << said;
-	EXPECT_GT(service.servicePid(), 0);
-	const std::string prefix =
-	    "Connecting to " + std::string(echoProgram) + " Address: 127.0.0.1 port: ";
-	const std::size_t connecting = said.find(prefix);
-	ASSERT_LT(connecting, said.find(std::string(echoProgram) + " Connected.\n")) << said;
-	EXPECT_GE(std::stoi(said.substr(connecting + prefix.size())), next);
-
-	EXPECT_FALSE(missing.isConnected());
-	EXPECT_EQ(missing.servicePid(), -1);
-	EXPECT_NE(said.find("/nonexistent/velora service Failed to connect.\n"), std::string::npos);
-	EXPECT_FALSE(missing.open("", false));
-}
+INSTANTIATE_TEST_SUITE_P(Service, EchoService, testing::Combine(testing::Bool(), testing::Bool()));
 
 bool note(void* data, void* message)
 {
@@ -135,12 +112,27 @@ bool note(void* data, void* message)
 	return true;
 }
 
-// Notifications carry what arrives to the callback ring (whose order the
-// callback tests check).
-TEST(Service, NotificationsDeliverEveryMessage)
+// Where it connects is printed; notifications carry what arrives to the
+// callback ring (whose order the callback tests check); a program that
+// cannot start fails to connect.
+TEST(Service, PrintsWhereItConnectsAndNotifiesEveryMessage)
 {
+	const unsigned short next = OsiService::NextPort.load();
+	testing::internal::CaptureStdout();
 	OsiService service(echoProgram, false);
-	ASSERT_TRUE(service.isConnected());
+	OsiService missing("/nonexistent/velora service", false);
+	const std::string said = testing::internal::GetCapturedStdout();
+	ASSERT_TRUE(service.isConnected()) << said;
+	const std::string prefix =
+	    "Connecting to " + std::string(echoProgram) + " Address: 127.0.0.1 port: ";
+	const std::size_t connecting = said.find(prefix);
+	ASSERT_LT(connecting, said.find(std::string(echoProgram) + " Connected.\n")) << said;
+	EXPECT_GE(std::stoi(said.substr(connecting + prefix.size())), next);
+	EXPECT_FALSE(missing.isConnected());
+	EXPECT_EQ(missing.servicePid(), -1);
+	EXPECT_NE(said.find("/nonexistent/velora service Failed to connect.\n"), std::string::npos);
+	EXPECT_FALSE(missing.open("", false));
+
 	std::vector<std::string> notified;
 	OsiServiceNotificationCallbackInstance member(note, &notified);
 	service.addNotification(&member);
@@ -156,8 +148,9 @@ TEST(Service, NotificationsDeliverEveryMessage)
 	EXPECT_EQ(notified, (std::vector<std::string>{"3 three", "12 twelve"}));
 }
 
-// The service program killed in mid-conversation: the next send or receive
-// marks the peer closed, nothing raises SIGPIPE, and close returns.
+// (blocking, sending next): the service program killed in mid-conversation,
+// the next send or receive marks the peer closed, nothing raises SIGPIPE,
+// and close returns.
 class KilledService : public testing::TestWithParam<std::tuple<bool, bool>>
 {};
 
@@ -175,34 +168,31 @@ TEST_P(KilledService, TheNextTransferFindsThePeerClosed)
 		ASSERT_TRUE(receiveOne(service, got));
 	}
 	ASSERT_EQ(kill(service.servicePid(), SIGKILL), 0);
-	// What arrives now is the end of the connection, once the system has
-	// closed the program's socket.
+	// What arrives now is the end of the connection.
 	ASSERT_TRUE(service.waitForInput(30000));
+	int length = 0;
 	void* data = nullptr;
 	if (sendingNext)
 		service.send(2, 4, "more");
 	else
-		EXPECT_FALSE(service.receive(got.id, got.length, data, got.remaining));
+		EXPECT_FALSE(service.receive(got.id, length, data, got.remaining));
 	EXPECT_TRUE(service.isPeerClosed());
 	service.close(OsiService::closeWaitMilliseconds);
 	EXPECT_EQ(service.servicePid(), -1);
 }
 
-// (blocking, sending next)
 INSTANTIATE_TEST_SUITE_P(Service, KilledService,
                          testing::Combine(testing::Bool(), testing::Bool()));
-
-// --- ports ---------------------------------------------------------------------
 
 // A run of count free loopback ports somewhere in a quiet range, held open.
 std::vector<int> occupyFreeRun(unsigned short& first, int count)
 {
+	sockaddr_in address{};
+	address.sin_family = AF_INET;
+	address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
 	for (first = 41000; first < 60000; first = static_cast<unsigned short>(first + 500))
 	{
 		std::vector<int> sockets;
-		sockaddr_in address{};
-		address.sin_family = AF_INET;
-		address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
 		for (int i = 0; i < count; ++i)
 		{
 			const int handle = socket(AF_INET, SOCK_STREAM, 0);
@@ -223,14 +213,14 @@ std::vector<int> occupyFreeRun(unsigned short& first, int count)
 }
 
 // Of a run of held ports from a free start, the last few are let go again:
-// the port found from the run's start on, and where the search goes on.
+// the port found from the run's start on (an offset, or -1 for none), and
+// where the search goes on.
 struct PortSearch
 {
-	const char* name;
 	const char* address;
 	int held;
 	int freed;
-	int found; // offset from the run's start, or -1 for none
+	int found;
 	int next;
 };
 
@@ -244,10 +234,8 @@ TEST_P(FindPort, TakesTheFirstFreePortAndMovesTheCounterOn)
 	std::vector<int> sockets = occupyFreeRun(first, search.held);
 	ASSERT_EQ(sockets.size(), static_cast<size_t>(search.held));
 	for (int i = 0; i < search.held; ++i)
-	{
 		if (i >= search.held - search.freed)
 			close(sockets[static_cast<size_t>(i)]);
-	}
 	OsiService::NextPort = first;
 	const unsigned short port = OsiService::findPort(search.address);
 	EXPECT_EQ(port, search.found < 0 ? OsiService::noPort : first + search.found);
@@ -258,14 +246,9 @@ TEST_P(FindPort, TakesTheFirstFreePortAndMovesTheCounterOn)
 
 INSTANTIATE_TEST_SUITE_P(
     Service, FindPort,
-    testing::Values(PortSearch{"skipsTakenPorts", "127.0.0.1", 4, 1, 3, 4},
-                    PortSearch{"givesUpAfterAHundred", "127.0.0.1", OsiService::portsTried, 0, -1,
-                               OsiService::portsTried},
-                    PortSearch{"refusesANullAddress", nullptr, 1, 1, -1, 0},
-                    PortSearch{"refusesAMalformedAddress", "localhost:80", 1, 1, -1, 0}),
-    [](const testing::TestParamInfo<PortSearch>& info) { return std::string(info.param.name); });
-
-// --- the provider's side ---------------------------------------------------------
+    testing::Values(PortSearch{"127.0.0.1", 4, 1, 3, 4},
+                    PortSearch{"127.0.0.1", OsiService::portsTried, 0, -1, OsiService::portsTried},
+                    PortSearch{nullptr, 1, 1, -1, 0}, PortSearch{"localhost:80", 1, 1, -1, 0}));
 
 TEST(Provider, ABusyPortOrBadArgumentsFailToBind)
 {
@@ -273,19 +256,18 @@ TEST(Provider, ABusyPortOrBadArgumentsFailToBind)
 	std::vector<int> held = occupyFreeRun(port, 1);
 	ASSERT_EQ(held.size(), 1u);
 	ASSERT_EQ(listen(held[0], 1), 0);
-	const std::string portText = std::to_string(port);
-	testing::internal::CaptureStdout();
-	OsiServiceProvider busy("127.0.0.1", portText.c_str(), false);
-	OsiServiceProvider badPort("127.0.0.1", "70000", false);
-	OsiServiceProvider badAddress("no address", "5000", false);
 	char program[] = "service";
 	char* tooFew[] = {program};
-	OsiServiceProvider unopened(1, tooFew, false);
-	const std::string said = testing::internal::GetCapturedStdout();
+	testing::internal::CaptureStdout();
+	const OsiServiceProvider providers[] = {{"127.0.0.1", std::to_string(port).c_str(), false},
+	                                        {"127.0.0.1", "70000", false},
+	                                        {"no address", "5000", false},
+	                                        {1, tooFew, false}};
+	EXPECT_EQ(testing::internal::GetCapturedStdout(),
+	          "bind() failed.\nbind() failed.\nbind() failed.\n");
 	close(held[0]);
-	for (const OsiServiceProvider* provider : {&busy, &badPort, &badAddress, &unopened})
-		EXPECT_FALSE(provider->isConnected());
-	EXPECT_EQ(said, "bind() failed.\nbind() failed.\nbind() failed.\n");
+	for (const OsiServiceProvider& provider : providers)
+		EXPECT_FALSE(provider.isConnected());
 }
 
 } // namespace
