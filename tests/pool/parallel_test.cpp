@@ -9,38 +9,30 @@
 #include <chrono>
 #include <climits>
 #include <memory>
-#include <ostream>
 #include <string>
 #include <thread>
 #include <vector>
 
 namespace {
 
+// How often each index of [first, first + count) ran, and the runs that had a
+// bad thread index or ran on the calling thread.
 struct Counts
 {
 	Counts(int first, int count) : first(first), runs(static_cast<size_t>(count)) {}
 
 	int first;
 	std::vector<std::atomic<int>> runs;
-	std::atomic<int> badThreadIndex{0};
-	std::atomic<int> onCaller{0};
+	std::atomic<int> misplaced{0};
 	OsdThreadId caller = OsdThread::threadId();
-
-	int notOnce() const
-	{
-		return static_cast<int>(std::count_if(runs.begin(), runs.end(),
-		                                      [](const std::atomic<int>& n) { return n != 1; }));
-	}
 };
 
 void countRun(void* data, int index, int threadIndex, string_ext<char>&)
 {
 	Counts& counts = *static_cast<Counts*>(data);
 	counts.runs[static_cast<size_t>(index - counts.first)].fetch_add(1);
-	if (threadIndex < 0 || threadIndex >= std::max(1, numberOfThreads()))
-		counts.badThreadIndex.fetch_add(1);
-	if (counts.caller == OsdThread::threadId())
-		counts.onCaller.fetch_add(1);
+	counts.misplaced += threadIndex < 0 || threadIndex >= std::max(1, numberOfThreads()) ||
+	                    counts.caller == OsdThread::threadId();
 }
 
 void expectClosed()
@@ -50,7 +42,7 @@ void expectClosed()
 }
 
 // A loop as the caller writes it: a plain range, or waves when priorities
-// are given.
+// are given; and the indices a serial run visits, in order.
 struct Loop
 {
 	const char* name;
@@ -58,7 +50,7 @@ struct Loop
 	int begin;
 	int end;
 	bool withPriorities;
-	std::vector<int> serialOrder; // the indices a serial run visits, in order
+	std::vector<int> serialOrder;
 };
 
 void run(const Loop& loop, void* data, OsiParallelBody body, bool serial)
@@ -80,19 +72,15 @@ const Loop loops[] = {
     {"wavesInPriorityThenIndexOrder", {3, 1, 3, 0, 1, 9, 0}, 1, 7, true, {3, 6, 1, 4, 2, 5}},
 };
 
-struct SerialSeen
-{
-	std::vector<int> indices;
-	int offCaller = 0;
-	int poolSeen = 0;
-};
-
+// Serial bodies: the indices in order, any run off the caller or thread 0,
+// and any sign of a pool.
 void recordSerial(void* data, int index, int threadIndex, string_ext<char>&)
 {
-	SerialSeen& seen = *static_cast<SerialSeen*>(data);
-	seen.indices.push_back(index);
-	seen.offCaller += threadIndex != 0 || !OsdThread::isMainThread();
-	seen.poolSeen += numberOfThreads() + OsiThreadPool::liveThreads();
+	auto& seen = *static_cast<std::vector<int>*>(data);
+	seen.push_back(index);
+	if (threadIndex != 0 || !OsdThread::isMainThread() ||
+	    numberOfThreads() + OsiThreadPool::liveThreads() != 0)
+		seen.push_back(INT_MIN);
 }
 
 class Loops : public testing::TestWithParam<Loop>
@@ -103,11 +91,9 @@ class Loops : public testing::TestWithParam<Loop>
 TEST_P(Loops, VisitTheirIndices)
 {
 	const Loop& loop = GetParam();
-	SerialSeen seen;
+	std::vector<int> seen;
 	run(loop, &seen, recordSerial, true);
-	EXPECT_EQ(seen.indices, loop.serialOrder);
-	EXPECT_EQ(seen.offCaller, 0);
-	EXPECT_EQ(seen.poolSeen, 0) << "a serial loop opened the pool";
+	EXPECT_EQ(seen, loop.serialOrder);
 
 	Counts counts(-3, 16);
 	testing::internal::CaptureStdout();
@@ -117,41 +103,33 @@ TEST_P(Loops, VisitTheirIndices)
 		EXPECT_EQ(counts.runs[static_cast<size_t>(index + 3)].load(),
 		          std::count(loop.serialOrder.begin(), loop.serialOrder.end(), index))
 		    << "index " << index;
-	if (loop.serialOrder.empty())
-	{
-		EXPECT_EQ(output.find("*** Start thread"), std::string::npos) << output;
-	}
+	EXPECT_TRUE(!loop.serialOrder.empty() || output.find("*** Start thread") == std::string::npos)
+	    << output;
 	expectClosed();
 }
 
 INSTANTIATE_TEST_SUITE_P(ParallelFor, Loops, testing::ValuesIn(loops),
                          [](const testing::TestParamInfo<Loop>& info) { return info.param.name; });
 
-// Each of the first two bodies waits (boundedly) until both have started, which
+// Each of the two bodies waits (boundedly) until both have started, which
 // only happens when two workers run them at the same time.
-struct Meeting
-{
-	std::atomic<int> arrived{0};
-	std::atomic<int> met{0};
-};
-
 void meet(void* data, int, int, string_ext<char>&)
 {
-	Meeting& meeting = *static_cast<Meeting*>(data);
-	meeting.arrived.fetch_add(1);
+	auto& arrived = *static_cast<std::atomic<int>*>(data);
+	arrived.fetch_add(1);
 	const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-	while (meeting.arrived.load() < 2 && std::chrono::steady_clock::now() < deadline)
+	while (arrived.load() < 2 && std::chrono::steady_clock::now() < deadline)
 		std::this_thread::yield();
-	meeting.met.fetch_add(meeting.arrived.load() == 2);
+	arrived.fetch_add(arrived.load() >= 2 ? 10 : 0);
 }
 
 TEST(ParallelFor, BodiesRunConcurrently)
 {
 	if (numberOfCores() < 2)
 		GTEST_SKIP() << "one processor";
-	Meeting meeting;
-	parallelFor(&meeting, meet, 0, 2, false);
-	EXPECT_EQ(meeting.met.load(), 2);
+	std::atomic<int> arrived{0};
+	parallelFor(&arrived, meet, 0, 2, false);
+	EXPECT_EQ(arrived.load(), 22);
 	expectClosed();
 }
 
@@ -160,8 +138,7 @@ struct Waves
 	std::vector<int> priority;
 	std::vector<int> waveSize = std::vector<int>(5, 0);
 	std::vector<std::atomic<int>> finished = std::vector<std::atomic<int>>(5);
-	std::atomic<int> early{0};
-	std::atomic<int> singleOffCaller{0};
+	std::atomic<int> faults{0}; // early starts and singles off the caller
 };
 
 void runWave(void* data, int index, int threadIndex, string_ext<char>&)
@@ -169,9 +146,8 @@ void runWave(void* data, int index, int threadIndex, string_ext<char>&)
 	Waves& waves = *static_cast<Waves*>(data);
 	const auto level = static_cast<size_t>(waves.priority[static_cast<size_t>(index)]);
 	for (size_t lower = 0; lower < level; ++lower)
-		waves.early.fetch_add(waves.finished[lower].load() != waves.waveSize[lower]);
-	if (waves.waveSize[level] == 1 && (!OsdThread::isMainThread() || threadIndex != 0))
-		waves.singleOffCaller.fetch_add(1);
+		waves.faults += waves.finished[lower].load() != waves.waveSize[lower];
+	waves.faults += waves.waveSize[level] == 1 && (!OsdThread::isMainThread() || threadIndex != 0);
 	// Give a later wave the chance to start too early.
 	for (int i = 0; i < 200; ++i)
 		std::this_thread::yield();
@@ -187,8 +163,7 @@ TEST(PriorityParallelFor, EachWaveEndsBeforeTheNextAndSinglesRunOnTheCaller)
 	for (int level : waves.priority)
 		++waves.waveSize[static_cast<size_t>(level)];
 	priorityParallelFor(&waves, runWave, waves.priority, 0, 60, false);
-	EXPECT_EQ(waves.early.load(), 0) << "a wave started before a lower one ended";
-	EXPECT_EQ(waves.singleOffCaller.load(), 0);
+	EXPECT_EQ(waves.faults.load(), 0);
 	for (size_t level = 0; level < 5; ++level)
 		EXPECT_EQ(waves.finished[level].load(), waves.waveSize[level]);
 	expectClosed();
@@ -207,12 +182,6 @@ struct Step
 	char what;
 	int seenByBodies;
 	int afterwards;
-};
-
-struct Lifetime
-{
-	const char* name;
-	std::vector<Step> steps;
 };
 
 struct Seen
@@ -246,22 +215,19 @@ int take(char what, Seen& seen)
 	if (what == '1' || what == '4' || what == 'M')
 		return openThreadPool(what == 'M' ? 200 : what - '0') ? none : INT_MIN;
 	if (what == 'c')
-		closeThreadPool();
-	else
-		parallelFor(&seen, what == 'n' ? recordInInnerLoop : recordPoolSize, 0, 16, false);
-	if (what == 'c')
-		return none;
+		return closeThreadPool(), none;
+	parallelFor(&seen, what == 'n' ? recordInInnerLoop : recordPoolSize, 0, 16, false);
 	return seen.smallest == seen.largest ? seen.smallest.load() : INT_MIN;
 }
 
-class PoolLifetime : public testing::TestWithParam<Lifetime>
+class PoolLifetime : public testing::TestWithParam<std::vector<Step>>
 {};
 
 TEST_P(PoolLifetime, ThreadCountsFollowEachStep)
 {
 	const auto resolve = [](int count) { return count == allCores ? numberOfCores() : count; };
 	testing::internal::CaptureStdout();
-	for (const Step& step : GetParam().steps)
+	for (const Step& step : GetParam())
 	{
 		Seen seen;
 		EXPECT_EQ(take(step.what, seen), resolve(step.seenByBodies)) << "step " << step.what;
@@ -272,22 +238,19 @@ TEST_P(PoolLifetime, ThreadCountsFollowEachStep)
 	expectClosed();
 }
 
-const Lifetime lifetimes[] = {
-    {"loopsOpenAndCloseTheirPool", {{'l', allCores, 0}, {'l', allCores, 0}}},
-    {"requestsAreCappedAtTheCores", {{'M', none, allCores}, {'l', allCores, 0}}},
-    {"anExplicitPoolServesUntilTheLoopEnds",
-     {{'1', none, 1}, {'4', none, 1}, {'l', 1, 0}, {'l', allCores, 0}}},
-    {"anExplicitCloseClosesAtOnce",
-     {{'1', none, 1}, {'c', none, 0}, {'c', none, 0}, {'l', allCores, 0}}},
-    {"nestedLoopsShareThePoolAndTheOutermostClosesIt",
-     {{'1', none, 1}, {'n', 1, 0}, {'n', allCores, 0}}},
-    {"aCloseInsideALoopLeavesItToTheOutermost", {{'x', allCores, 0}, {'1', none, 1}, {'x', 1, 0}}},
-};
-
-INSTANTIATE_TEST_SUITE_P(ThreadPool, PoolLifetime, testing::ValuesIn(lifetimes),
-                         [](const testing::TestParamInfo<Lifetime>& info) {
-	                         return std::string(info.param.name);
-                         });
+// Loops open and close their pool; requests are capped at the cores; an
+// explicit pool serves until a loop ends; an explicit close closes at once;
+// nested loops share the pool and the outermost closes it; a close inside a
+// loop leaves it to the outermost.
+INSTANTIATE_TEST_SUITE_P(
+    ThreadPool, PoolLifetime,
+    testing::Values(
+        std::vector<Step>{{'l', allCores, 0}, {'l', allCores, 0}},
+        std::vector<Step>{{'M', none, allCores}, {'l', allCores, 0}},
+        std::vector<Step>{{'1', none, 1}, {'4', none, 1}, {'l', 1, 0}, {'l', allCores, 0}},
+        std::vector<Step>{{'1', none, 1}, {'c', none, 0}, {'c', none, 0}, {'l', allCores, 0}},
+        std::vector<Step>{{'1', none, 1}, {'n', 1, 0}, {'n', allCores, 0}},
+        std::vector<Step>{{'x', allCores, 0}, {'1', none, 1}, {'x', 1, 0}}));
 
 // Every index runs once, on a worker with a valid thread index, never on the
 // waiting thread; loops started on several threads at once share the pool,
@@ -299,20 +262,22 @@ TEST_P(ConcurrentLoops, EveryIndexOfEveryLoopRunsOnce)
 {
 	constexpr int count = 2000;
 	std::vector<std::unique_ptr<Counts>> loops;
-	for (int loop = 0; loop < GetParam(); ++loop)
-		loops.push_back(std::make_unique<Counts>(loop * count, count));
 	std::vector<std::thread> dispatchers;
-	for (const auto& loop : loops)
-		dispatchers.emplace_back([counts = loop.get()] {
+	for (int loop = 0; loop < GetParam(); ++loop)
+	{
+		loops.push_back(std::make_unique<Counts>(loop * count, count));
+		dispatchers.emplace_back([counts = loops.back().get()] {
 			parallelFor(counts, countRun, counts->first, counts->first + count, false);
 		});
+	}
 	for (std::thread& dispatcher : dispatchers)
 		dispatcher.join();
 	for (const auto& loop : loops)
 	{
-		EXPECT_EQ(loop->notOnce(), 0) << "loop from " << loop->first;
-		EXPECT_EQ(loop->badThreadIndex.load() + loop->onCaller.load(), 0)
+		EXPECT_TRUE(std::all_of(loop->runs.begin(), loop->runs.end(),
+		                        [](const std::atomic<int>& n) { return n == 1; }))
 		    << "loop from " << loop->first;
+		EXPECT_EQ(loop->misplaced.load(), 0) << "loop from " << loop->first;
 	}
 	expectClosed();
 }

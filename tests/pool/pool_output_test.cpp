@@ -102,7 +102,8 @@ INSTANTIATE_TEST_SUITE_P(Pool, PoolOutput, testing::Values(true, false),
                          });
 
 // Serial bodies write through the caller: each body's text is handed on after
-// it, starting clean; without callbacks it is not printed.
+// it, starting clean; without callbacks it is not printed. Only workers and
+// the main thread may write, and the main thread's text waits for a flush.
 TEST(SerialOutput, GoesToTheCallbacksBodyByBody)
 {
 	writeToStdOutString("before the loop\n");
@@ -112,6 +113,16 @@ TEST(SerialOutput, GoesToTheCallbacksBodyByBody)
 	expectWholeRuns(collectedOut, 3);
 	EXPECT_EQ(collectedErr, lineOf(0, -1) + lineOf(1, -1) + lineOf(2, -1));
 
+	setCallbacks(true);
+	EXPECT_FALSE(writeToStdOutString(nullptr));
+	bool fromOtherThread = true;
+	std::thread([&] { fromOtherThread = writeToStdOutString("lost\n"); }).join();
+	EXPECT_FALSE(fromOtherThread);
+	EXPECT_TRUE(writeToStdOutString("main\n") && writeToStdErrString("main error\n"));
+	EXPECT_EQ(collectedOut, "") << "handed on before a flush";
+	OsiThreadPool::flushStdOutAndStdErr();
+	EXPECT_EQ(collectedOut + collectedErr, "main\nmain error\n");
+
 	setCallbacks(false);
 	testing::internal::CaptureStdout();
 	testing::internal::CaptureStderr();
@@ -119,24 +130,6 @@ TEST(SerialOutput, GoesToTheCallbacksBodyByBody)
 	OsiThreadPool::flushStdOutAndStdErr();
 	EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
 	EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-}
-
-TEST(MainThreadOutput, OnlyWorkersAndTheMainThreadMayWrite)
-{
-	setCallbacks(true);
-	EXPECT_FALSE(writeToStdOutString(nullptr));
-	bool fromOtherThread = true;
-	std::thread other([&] { fromOtherThread = writeToStdOutString("lost\n"); });
-	other.join();
-	EXPECT_FALSE(fromOtherThread);
-
-	EXPECT_TRUE(writeToStdOutString("main\n"));
-	EXPECT_TRUE(writeToStdErrString("main error\n"));
-	EXPECT_EQ(collectedOut, "") << "handed on before a flush";
-	OsiThreadPool::flushStdOutAndStdErr();
-	EXPECT_EQ(collectedOut, "main\n");
-	EXPECT_EQ(collectedErr, "main error\n");
-	setCallbacks(false);
 }
 
 // The second run ends only once the first run's text has been handed out, so
