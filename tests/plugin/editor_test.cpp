@@ -1,6 +1,6 @@
-// The editor's logic without a window: VSTGUI builds the controls offscreen
-// from the bundle's pictures, and a recording component handler stands in
-// for the host.
+// The editor and the controller's list of its views, without a window: VSTGUI
+// builds the controls offscreen from the bundle's pictures, and a recording
+// component handler stands in for the host.
 #include "editor_snapshot.h"
 #include "nxvelora_controller.h"
 #include "nxvelora_editor.h"
@@ -15,6 +15,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <tuple>
 #include <vector>
 
 namespace velora_test {
@@ -57,81 +58,88 @@ struct Editor : ::testing::Test
 	IPtr<NxVeloraController> controller = owned(new NxVeloraController);
 };
 
-TEST_F(Editor, SizeIsTheBackgroundPicture)
+// Only the exact name makes a view; the list holds this class's views, not
+// owned, once per attach, and terminate empties it.
+TEST_F(Editor, OnlyEditorMakesAViewAndTheListHoldsItsOwnViews)
 {
-	auto view =
-	    Steinberg::owned(static_cast<NxVeloraEditorView*>(controller->createView("editor")));
+	for (const char* name : {"Editor", "", "editor2"})
+		EXPECT_EQ(controller->createView(name), nullptr) << name;
+	EXPECT_EQ(controller->createView(nullptr), nullptr);
+	auto other = owned(new EditorView(controller));
+	controller->editorAttached(other);
+	EXPECT_TRUE(controller->dependentViews().empty());
+	// Never dereferenced.
+	auto* a = reinterpret_cast<NxVeloraEditorView*>(0x10);
+	auto* b = reinterpret_cast<NxVeloraEditorView*>(0x20);
+	for (auto* view : {a, b, a})
+		controller->addDependentView(view);
+	controller->removeDependentView(a);
+	controller->removeDependentView(reinterpret_cast<NxVeloraEditorView*>(0x30));
+	EXPECT_EQ(controller->dependentViews(), (std::vector<NxVeloraEditorView*>{b, a}));
+	controller->terminate();
+	EXPECT_TRUE(controller->dependentViews().empty());
+	controller->initialize(nullptr);
+}
+
+TEST_F(Editor, SizeControlsAndOneOpenAtATime)
+{
+	auto view = openView();
 	auto background = VSTGUI::makeOwned<VSTGUI::CBitmap>("background.png");
 	ViewRect size;
 	ASSERT_EQ(view->getSize(&size), kResultTrue);
-	EXPECT_EQ(size.left, 0);
-	EXPECT_EQ(size.top, 0);
-	EXPECT_EQ(size.getWidth(), static_cast<int32>(background->getWidth()));
-	EXPECT_EQ(size.getHeight(), static_cast<int32>(background->getHeight()));
+	EXPECT_EQ(std::tie(size.left, size.top, size.right, size.bottom),
+	          std::make_tuple(0, 0, static_cast<int32>(background->getWidth()),
+	                          static_cast<int32>(background->getHeight())));
 	EXPECT_EQ(view->canResize(), kResultFalse);
-	ViewRect proposed(3, 4, 500, 600);
-	EXPECT_EQ(view->checkSizeConstraint(&proposed), kResultOk);
-	EXPECT_EQ(proposed.right, 500);
 	ParamID id = 0;
-	FUnknownPtr<IParameterFinder> finder(static_cast<IPlugView*>(view));
-	ASSERT_TRUE(finder);
-	EXPECT_EQ(finder->findParameter(49, 94, id), kResultFalse);
-}
+	EXPECT_EQ(
+	    FUnknownPtr<IParameterFinder>(static_cast<IPlugView*>(view))->findParameter(49, 94, id),
+	    kResultFalse);
 
-TEST_F(Editor, ControlsFollowTheLayout)
-{
-	auto view = openView();
 	VSTGUI::CKnob* knob = view->knob();
-	ASSERT_NE(knob, nullptr);
-	const VSTGUI::CRect r = knob->getViewSize();
-	EXPECT_EQ(r.getCenter(), VSTGUI::CPoint(49, 94));
+	EXPECT_EQ(knob->getViewSize().getCenter(), VSTGUI::CPoint(49, 94));
 	EXPECT_EQ(knob->getTag(), 100);
-	EXPECT_EQ(knob->getValueNormalized(), 0.5f);
 	EXPECT_EQ(view->display()->getViewSize(), VSTGUI::CRect(110, 82, 160, 106));
-	EXPECT_EQ(view->display()->getMin(), -90.0f);
-	EXPECT_EQ(view->display()->getMax(), 90.0f);
 	EXPECT_EQ(view->display()->getPrecision(), 1);
-	view->close();
-	EXPECT_EQ(view->knob(), nullptr);
-}
-
-TEST_F(Editor, SecondOpenIsRefused)
-{
-	auto view = openView();
-	VSTGUI::CKnob* knob = view->knob();
 	EXPECT_FALSE(view->open(nullptr, VSTGUI::PlatformType::kDefaultNative));
 	EXPECT_EQ(view->knob(), knob);
+	view->syncView(nullptr);
 	view->close();
+	EXPECT_EQ(view->knob(), nullptr);
 	EXPECT_TRUE(view->open(nullptr, VSTGUI::PlatformType::kDefaultNative));
 	view->close();
+	EXPECT_TRUE(handler.calls.empty());
 }
 
-TEST_F(Editor, TurningTheKnobEditsWithoutBrackets)
+// The knob and update() edit without begin/end brackets and show degrees;
+// update() takes only the pan tag.
+TEST_F(Editor, KnobAndUpdateEditAndShowDegrees)
 {
 	auto view = openView();
-	view->knob()->setValueNormalized(0.5f);
-	view->valueChanged(view->knob());
-	ASSERT_EQ(handler.calls.size(), 1u);
-	EXPECT_EQ(handler.calls[0].what, "perform");
-	EXPECT_EQ(handler.calls[0].id, 100u);
-	EXPECT_EQ(handler.calls[0].value, 0.5);
-	EXPECT_EQ(view->display()->getValue(), 0.0f); // shown in degrees: "0.0"
-
-	view->knob()->setValueNormalized(0.75f);
-	view->valueChanged(view->knob());
-	EXPECT_EQ(controller->getParamNormalized(100), 0.75);
-	EXPECT_EQ(view->display()->getValue(), 45.0f);
-	view->close();
-}
-
-TEST_F(Editor, UpdateEditsAndShowsOnlyThePanTag)
-{
-	auto view = openView();
-	view->update(100, 0.25);
-	view->update(7, 0.9);
-	ASSERT_EQ(handler.calls.size(), 1u);
-	EXPECT_EQ(handler.calls[0].value, 0.25);
-	EXPECT_EQ(view->display()->getValue(), -45.0f);
+	const struct
+	{
+		ParamID tag;
+		double value;
+		bool byKnob;
+		float shown;
+	} steps[] = {{100, 0.5, true, 0.0f},
+	             {100, 0.75, true, 45.0f},
+	             {100, 0.25, false, -45.0f},
+	             {7, 0.9, false, -45.0f}};
+	for (const auto& step : steps)
+	{
+		view->knob()->setValueNormalized(static_cast<float>(step.value));
+		if (step.byKnob)
+			view->valueChanged(view->knob());
+		else
+			view->update(step.tag, step.value);
+		EXPECT_EQ(handler.calls.back().what, "perform");
+		EXPECT_EQ(handler.calls.back().id, 100u);
+		EXPECT_EQ(handler.calls.back().value, step.tag == 100 ? step.value : 0.25);
+		EXPECT_TRUE(!step.byKnob || controller->getParamNormalized(100) == step.value);
+		EXPECT_EQ(view->display()->getValue(), step.shown);
+	}
+	EXPECT_EQ(handler.calls.size(), 3u);
 	view->close();
 }
 
@@ -141,7 +149,6 @@ TEST_F(Editor, RestoredStateReachesEveryOpenEditor)
 	auto second = openView();
 	controller->editorAttached(first);
 	controller->editorAttached(second);
-	ASSERT_EQ(controller->dependentViews().size(), 2u);
 
 	// A record at -45 degrees, as the processor writes it.
 	auto record = owned(new MemoryStream);
@@ -149,7 +156,6 @@ TEST_F(Editor, RestoredStateReachesEveryOpenEditor)
 	controller->getState(record);
 	controller->setParamNormalized(100, 0.5);
 	record->seek(0, IBStream::kIBSeekSet, nullptr);
-	handler.calls.clear();
 	ASSERT_EQ(controller->setComponentState(record), kResultOk);
 
 	for (auto* view : {first.get(), second.get()})
@@ -165,14 +171,6 @@ TEST_F(Editor, RestoredStateReachesEveryOpenEditor)
 	EXPECT_EQ(controller->dependentViews(), std::vector<NxVeloraEditorView*>{second.get()});
 	first->close();
 	second->close();
-}
-
-TEST_F(Editor, SyncIgnoresAMissingContainer)
-{
-	auto view = openView();
-	view->syncView(nullptr);
-	EXPECT_TRUE(handler.calls.empty());
-	view->close();
 }
 
 } // namespace

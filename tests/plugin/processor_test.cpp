@@ -1,14 +1,41 @@
 // The audio processor through the SDK interfaces: buses and arrangements, the
-// settled gains, and every block against the plain per-sample reference.
+// pan law's published gains and filter, every block against the plain
+// per-sample reference, and no allocation in process (every global
+// allocation in this binary is counted).
 #include "nxvelora_processor.h"
 #include "support/naive_pan.h"
 #include "support/processor_harness.h"
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <cmath>
+#include <cstdlib>
 #include <cstring>
+#include <new>
 #include <random>
 #include <string>
+#include <tuple>
+
+namespace {
+std::atomic<long> allocations{0};
+}
+
+void* operator new(std::size_t size)
+{
+	++allocations;
+	if (void* p = std::malloc(size ? size : 1))
+		return p;
+	throw std::bad_alloc();
+}
+void operator delete(void* p) noexcept
+{
+	std::free(p);
+}
+void operator delete(void* p, std::size_t) noexcept
+{
+	std::free(p);
+}
 
 namespace velora_test {
 namespace {
@@ -31,26 +58,22 @@ FUnknown* newProcessor()
 	return NxVeloraProcessor::createInstance(nullptr);
 }
 
-std::u16string nameOf(const BusInfo& info)
-{
-	return reinterpret_cast<const char16_t*>(info.name);
-}
-
 TEST(Processor, BusesAndArrangements)
 {
 	ProcessorHarness host(newProcessor(), kRate, kBlock, false);
 	IComponent* comp = host.component();
 	ASSERT_EQ(comp->getBusCount(kAudio, kInput), 1);
 	ASSERT_EQ(comp->getBusCount(kAudio, kOutput), 1);
-	BusInfo info{};
-	comp->getBusInfo(kAudio, kInput, 0, info);
-	EXPECT_EQ(info.channelCount, 1);
-	EXPECT_EQ(info.busType, kMain);
-	EXPECT_TRUE(info.flags & BusInfo::kDefaultActive);
-	EXPECT_EQ(nameOf(info), u"Mono In");
-	comp->getBusInfo(kAudio, kOutput, 0, info);
-	EXPECT_EQ(info.channelCount, 2);
-	EXPECT_EQ(nameOf(info), u"Stereo Out");
+	for (const auto& [direction, channels, name] :
+	     {std::tuple{kInput, 1, u"Mono In"}, std::tuple{kOutput, 2, u"Stereo Out"}})
+	{
+		BusInfo info{};
+		comp->getBusInfo(kAudio, direction, 0, info);
+		EXPECT_EQ(info.channelCount, channels);
+		EXPECT_EQ(info.busType, kMain);
+		EXPECT_TRUE(info.flags & BusInfo::kDefaultActive);
+		EXPECT_EQ(std::u16string(reinterpret_cast<const char16_t*>(info.name)), name);
+	}
 
 	struct Request
 	{
@@ -214,6 +237,71 @@ TEST(Processor, StereoInputReadsChannelZeroAndAnInactiveOneWritesNothing)
 		if (stereoIn)
 			host.component()->setActive(false);
 	}
+}
+
+// The law's published gains (beyond the ends the end segments go on), and
+// its shape: falling from -80 to +90, with its maximum near -80.
+TEST(PanLaw, PublishedGainsAndTheShapeBetweenThem)
+{
+	const auto gain = [](double angle) {
+		return VeloraLaw::evalSegment(VeloraLaw::segmentOf(angle), angle);
+	};
+	const std::pair<double, double> published[] = {
+	    {-90.0, 1.25527334}, {-30.0, 1.0}, {0.0, 0.56811975}, {30.0, 0.0}, {90.0, -0.6000523}};
+	for (const auto& [angle, expected] : published)
+		EXPECT_EQ(gain(angle), expected) << angle;
+	EXPECT_NEAR(gain(95.0), -0.6026, 1e-4);
+	for (double a = -79.75; a <= 90.0; a += 0.25)
+		EXPECT_LT(gain(a), gain(a - 0.25)) << "at " << a;
+	for (double a = -90.0; a < -80.0; a += 0.25)
+		EXPECT_LT(gain(a), gain(-80.0) + 1e-4) << "at " << a;
+}
+
+// The far channel's filter: a bilinear first-order low-pass at 1 kHz, which
+// passes a constant whole and is silent after a reset.
+TEST(PanLaw, TheFilterHasTheResponseOfItsDesign)
+{
+	for (double f : {0.0, 100.0, 1000.0, 8000.0})
+	{
+		VeloraLaw law(kRate);
+		LowPassFilter& filter = law.filter();
+		double peak = 0.0;
+		for (int i = 0; i < 48000; ++i)
+		{
+			const double v = filter.y(f == 0.0 ? 1.0 : std::sin(2 * M_PI * f * i / kRate));
+			if (i > 24000)
+				peak = std::max(peak, std::fabs(v));
+		}
+		const double ratio = std::tan(M_PI * f / kRate) / std::tan(M_PI * 1000.0 / kRate);
+		EXPECT_NEAR(peak, 1.0 / std::sqrt(1.0 + ratio * ratio), 2e-3) << f << " Hz";
+		filter.reset();
+		EXPECT_EQ(filter.y(0.0), 0.0) << f << " Hz";
+	}
+}
+
+// Constant, gliding, far-channel and settled blocks, with and without changes.
+TEST(Processor, ProcessAllocatesNothing)
+{
+	ProcessorHarness host(newProcessor(), kRate, kBlock);
+	HostProcessData data;
+	data.prepare(*host.component(), kBlock, kSample32);
+	data.numSamples = kBlock;
+	ParameterChanges changes(1);
+	data.inputParameterChanges = &changes;
+	for (int32 i = 0; i < kBlock; ++i)
+		data.inputs[0].channelBuffers32[0][i] = static_cast<float>((i % 17) - 8) / 8.0f;
+	for (double v : {0.5, 0.5, 0.9, 0.9, 0.0, 0.1, 1.0, 1.0})
+		for (const bool withChange : {true, false})
+		{
+			changes.clearQueue();
+			int32 index = 0;
+			if (withChange)
+				changes.addParameterData(100, index)->addPoint(0, v, index);
+			const long before = allocations.load();
+			host.processor()->process(data);
+			EXPECT_EQ(allocations.load(), before) << v << (withChange ? " with" : " after");
+		}
+	data.unprepare();
 }
 
 } // namespace

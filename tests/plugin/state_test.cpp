@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <string>
 
 namespace velora_test {
 namespace {
@@ -34,12 +35,11 @@ struct State : ::testing::Test
 	State() { controller->initialize(nullptr); }
 	~State() override { controller->terminate(); }
 
-	std::vector<uint8_t> processorRecord(int64_t start = 0)
+	std::vector<uint8_t> processorRecord()
 	{
-		auto stream = streamOf(std::vector<uint8_t>(static_cast<size_t>(start), 0x55), start);
+		auto stream = streamOf({});
 		EXPECT_EQ(host.component()->getState(stream), kResultOk);
-		auto bytes = bytesOf(*stream);
-		return std::vector<uint8_t>(bytes.begin() + start, bytes.end());
+		return bytesOf(*stream);
 	}
 	std::vector<uint8_t> controllerRecord()
 	{
@@ -66,35 +66,22 @@ struct State : ::testing::Test
 	}
 };
 
-TEST_F(State, DefaultRecordIsTheExact110Bytes)
+// Both sides write the exact 110 bytes of the current value; the processor's
+// record, read from the middle of a stream, restores the controller.
+TEST_F(State, BothSidesWriteTheExactRecordOfTheCurrentValue)
 {
-	const auto expected = record(0.5).data;
-	ASSERT_EQ(expected.size(), 110u);
-	EXPECT_EQ(processorRecord(), expected);
-	EXPECT_EQ(controllerRecord(), expected);
-}
-
-TEST_F(State, RecordCarriesTheCurrentValueAtOffset102)
-{
-	for (double degrees : {-90.0, -30.0, 12.5, 90.0})
+	EXPECT_EQ(controllerRecord(), record(0.5).data);
+	EXPECT_EQ(processorRecord(), record(0.5).data);
+	for (double degrees : {-90.0, 12.5, 90.0})
 	{
 		host.runWithPan(std::vector<float>(kBlock, 0.0f), normalizedPan(degrees));
 		EXPECT_EQ(processorRecord(), record(normalizedPan(degrees)).data) << degrees;
 	}
-}
-
-TEST_F(State, ProcessorRecordRestoresTheController)
-{
-	host.runWithPan(std::vector<float>(kBlock, 0.0f), 0.8);
-	for (int64_t start : {0, 33})
-	{
-		auto stream = streamOf(std::vector<uint8_t>(static_cast<size_t>(start), 1), start);
-		host.component()->getState(stream);
-		stream->seek(start, IBStream::kIBSeekSet, nullptr);
-		controller->setParamNormalized(100, 0.1);
-		EXPECT_EQ(controller->setComponentState(stream), kResultOk);
-		EXPECT_EQ(controller->getParamNormalized(100), 0.8) << start;
-	}
+	auto stream = streamOf(std::vector<uint8_t>(33, 1), 33);
+	host.component()->getState(stream);
+	stream->seek(33, IBStream::kIBSeekSet, nullptr);
+	EXPECT_EQ(controller->setComponentState(stream), kResultOk);
+	EXPECT_EQ(controller->getParamNormalized(100), normalizedPan(90.0));
 }
 
 TEST_F(State, ControllerRecordRestoresTheProcessorWhichGlidesThere)
@@ -119,71 +106,51 @@ TEST_F(State, ControllerRecordRestoresTheProcessorWhichGlidesThere)
 	EXPECT_GT(glide.right[kBlock - 1], 0.9f);
 }
 
-TEST_F(State, ForeignRecordsChangeNothing)
+// What each side holds after restoring a record over a value of 0.25.
+TEST_F(State, RestoresWhatTheRecordSaysAndIgnoresForeignOnes)
 {
-	restoreProcessor(record(0.25).data);
-	restoreController(record(0.25).data);
-	ASSERT_EQ(processorValue(), 0.25);
-
-	ByteImage older;
-	const std::vector<std::pair<const char*, std::vector<uint8_t>>> foreign = {
-	    {"version 2", record(0.9, 2).data},
-	    {"other class", record(0.9, 1, "NxVelorb").data},
-	    {"unfinished", record(0.9, 1, "NxVelora", 0).data},
-	    {"complete flag 2", record(0.9, 1, "NxVelora", 2).data},
-	    {"other block", record(0.9, 1, "NxVelora", 1, "Parameterz").data},
-	    {"empty", {}},
-	};
-	for (const auto& [what, bytes] : foreign)
+	struct Row
 	{
-		restoreProcessor(bytes);
-		restoreController(bytes);
-		EXPECT_EQ(processorValue(), 0.25) << what;
-		EXPECT_EQ(controller->getParamNormalized(100), 0.25) << what;
-	}
-}
-
-TEST_F(State, OlderSignatureWithAbsoluteBlockEndIsRead)
-{
-	ByteImage image;
-	image.text("VstStructuredFile").sizeHeader(0, 0).text("NxVelora").i32(1).i32(1);
-	const int64_t end = static_cast<int64_t>(image.size()) + 8 + 15 + 4 + 4 + 4 + 8;
-	image.i64(end).text("Parameters").i32(1).i32(1).i32(100).f64(0.75);
-	restoreProcessor(image.data);
-	restoreController(image.data);
-	EXPECT_EQ(processorValue(), 0.75);
-	EXPECT_EQ(controller->getParamNormalized(100), 0.75);
-}
-
-TEST_F(State, ControllerSkipsUnknownIdsAndReadsEveryPair)
-{
-	ByteImage image;
-	image.text("VstStructuredFileRelative").sizeHeader(0, 0).text("NxVelora").i32(1).i32(1);
-	image.i64(8 + 15 + 4 + 4 + 2 * 12).text("Parameters").i32(1).i32(2);
-	image.i32(7).f64(0.3).i32(100).f64(0.6);
-	restoreController(image.data);
-	EXPECT_EQ(controller->getParamNormalized(100), 0.6);
-	// The processor takes the first pair, whatever its ID.
-	restoreProcessor(image.data);
-	EXPECT_EQ(processorValue(), 0.3);
-}
-
-TEST_F(State, TruncatedRecordsAtEveryLength)
-{
+		std::string what;
+		std::vector<uint8_t> bytes;
+		double processor, controller;
+	};
+	std::vector<Row> rows = {
+	    {"version 2", record(0.9, 2).data, 0.25, 0.25},
+	    {"other class", record(0.9, 1, "NxVelorb").data, 0.25, 0.25},
+	    {"unfinished", record(0.9, 1, "NxVelora", 0).data, 0.25, 0.25},
+	    {"complete flag 2", record(0.9, 1, "NxVelora", 2).data, 0.25, 0.25},
+	    {"other block", record(0.9, 1, "NxVelora", 1, "Parameterz").data, 0.25, 0.25},
+	};
+	// The older signature, whose block end is absolute.
+	ByteImage older;
+	older.text("VstStructuredFile").sizeHeader(0, 0).text("NxVelora").i32(1).i32(1);
+	older.i64(static_cast<int64_t>(older.size()) + 8 + 15 + 4 + 4 + 4 + 8).text("Parameters");
+	older.i32(1).i32(1).i32(100).f64(0.75);
+	rows.push_back({"older signature", older.data, 0.75, 0.75});
+	// Two pairs: the processor takes the first whatever its ID; the controller
+	// skips unknown IDs and reads every pair.
+	ByteImage two;
+	two.text("VstStructuredFileRelative").sizeHeader(0, 0).text("NxVelora").i32(1).i32(1);
+	two.i64(8 + 15 + 4 + 4 + 2 * 12).text("Parameters").i32(1).i32(2);
+	two.i32(7).f64(0.3).i32(100).f64(0.6);
+	rows.push_back({"two pairs", two.data, 0.3, 0.6});
+	// Cut short: until the block header is whole nothing changes; after it,
+	// the fields that could not be read count as 0.0. The controller only
+	// applies a value once the parameter's ID was read.
 	const auto whole = record(0.75).data;
 	for (size_t length = 0; length < whole.size(); ++length)
+		rows.push_back({"cut at " + std::to_string(length),
+		                std::vector<uint8_t>(whole.begin(), whole.begin() + long(length)),
+		                length >= 94 ? 0.0 : 0.25, length >= 102 ? 0.0 : 0.25});
+	for (const Row& row : rows)
 	{
 		restoreProcessor(record(0.25).data);
 		restoreController(record(0.25).data);
-		const std::vector<uint8_t> cut(whole.begin(), whole.begin() + length);
-		restoreProcessor(cut);
-		restoreController(cut);
-		// Until the block header is whole nothing changes; after it, the
-		// fields that could not be read count as 0.0. The controller only
-		// applies a value once the parameter's ID was read.
-		const bool blockEntered = length >= 94;
-		EXPECT_EQ(processorValue(), blockEntered ? 0.0 : 0.25) << length;
-		EXPECT_EQ(controller->getParamNormalized(100), length >= 102 ? 0.0 : 0.25) << length;
+		restoreProcessor(row.bytes);
+		restoreController(row.bytes);
+		EXPECT_EQ(processorValue(), row.processor) << row.what;
+		EXPECT_EQ(controller->getParamNormalized(100), row.controller) << row.what;
 	}
 }
 
