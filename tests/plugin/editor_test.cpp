@@ -81,7 +81,9 @@ TEST_F(Editor, OnlyEditorMakesAViewAndTheListHoldsItsOwnViews)
 	controller->initialize(nullptr);
 }
 
-TEST_F(Editor, SizeControlsAndOneOpenAtATime)
+// The size of the background picture, fixed; one open at a time. (Where the
+// controls are drawn the editor picture test sees.)
+TEST_F(Editor, SizeOfTheBackgroundAndOneOpenAtATime)
 {
 	auto view = openView();
 	auto background = VSTGUI::makeOwned<VSTGUI::CBitmap>("background.png");
@@ -91,16 +93,8 @@ TEST_F(Editor, SizeControlsAndOneOpenAtATime)
 	          std::make_tuple(0, 0, static_cast<int32>(background->getWidth()),
 	                          static_cast<int32>(background->getHeight())));
 	EXPECT_EQ(view->canResize(), kResultFalse);
-	ParamID id = 0;
-	EXPECT_EQ(
-	    FUnknownPtr<IParameterFinder>(static_cast<IPlugView*>(view))->findParameter(49, 94, id),
-	    kResultFalse);
-
 	VSTGUI::CKnob* knob = view->knob();
-	EXPECT_EQ(knob->getViewSize().getCenter(), VSTGUI::CPoint(49, 94));
 	EXPECT_EQ(knob->getTag(), 100);
-	EXPECT_EQ(view->display()->getViewSize(), VSTGUI::CRect(110, 82, 160, 106));
-	EXPECT_EQ(view->display()->getPrecision(), 1);
 	EXPECT_FALSE(view->open(nullptr, VSTGUI::PlatformType::kDefaultNative));
 	EXPECT_EQ(view->knob(), knob);
 	view->syncView(nullptr);

@@ -7,8 +7,6 @@
 #include "support/loaded_bundle.h"
 #include "support/virtual_display.h"
 
-#include <cairo.h>
-
 #include <memory>
 
 namespace velora_test {
@@ -25,15 +23,6 @@ TEST(EditorWindow, AttachesToAnX11WindowAndFollowsTheState)
 	host.run(30);
 	EXPECT_GT(host.timerCalls(), 0);
 	EXPECT_GT(host.registeredEvents(), 0u);
-
-	// The window is the size of the background picture.
-	const std::string background = bundlePath() + "/Contents/Resources/background.png";
-	cairo_surface_t* picture = cairo_image_surface_create_from_png(background.c_str());
-	ViewRect size;
-	ASSERT_EQ(open->view()->getSize(&size), kResultTrue);
-	EXPECT_EQ(size.getWidth(), cairo_image_surface_get_width(picture));
-	EXPECT_EQ(size.getHeight(), cairo_image_surface_get_height(picture));
-	cairo_surface_destroy(picture);
 
 	// A restored state turns the knob in the open window.
 	auto record = owned(new MemoryStream);

@@ -25,45 +25,27 @@ inline std::string bundlePath()
 	return path ? path : "";
 }
 
-// One loaded module per test binary, as a host keeps it for its session.
+// One loaded module and one host application per test binary, as a host
+// keeps them for its session.
 inline VST3::Hosting::Module::Ptr loadedModule()
 {
-	static VST3::Hosting::Module::Ptr module = [] {
-		std::string error;
-		auto m = VST3::Hosting::Module::create(bundlePath(), error);
-		if (!m)
-			ADD_FAILURE() << "cannot load " << bundlePath() << ": " << error;
-		return m;
-	}();
+	static std::string error;
+	static const auto module = VST3::Hosting::Module::create(bundlePath(), error);
+	EXPECT_TRUE(module) << "cannot load " << bundlePath() << ": " << error;
 	return module;
 }
 
-inline VST3::Hosting::ClassInfo classInfo(const std::string& category)
-{
-	for (const auto& info : loadedModule()->getFactory().classInfos())
-		if (info.category() == category)
-			return info;
-	ADD_FAILURE() << "no class of category " << category;
-	return {};
-}
-
-// The host application object, one for the whole session as a host keeps it.
-inline HostApplication* hostApplication()
-{
-	static IPtr<HostApplication> host = owned(new HostApplication);
-	return host;
-}
-
-// A processor and controller pair made and connected by the SDK's plug provider.
+// A processor and controller pair of the audio class, made and connected by
+// the SDK's plug provider.
 struct PlugPair
 {
 	PlugPair()
 	{
-		PluginContextFactory::instance().setPluginContext(hostApplication());
-		provider =
-		    owned(new PlugProvider(loadedModule()->getFactory(), classInfo(kVstAudioEffectClass)));
-		if (!provider->initialize())
-			ADD_FAILURE() << "plug provider could not initialise the plug-in";
+		static IPtr<HostApplication> host = owned(new HostApplication);
+		PluginContextFactory::instance().setPluginContext(host);
+		const auto classes = loadedModule()->getFactory().classInfos();
+		provider = owned(new PlugProvider(loadedModule()->getFactory(), classes.at(0)));
+		EXPECT_TRUE(provider->initialize()) << "plug provider could not initialise the plug-in";
 		component = owned(provider->getComponent());
 		controller = owned(provider->getController());
 	}

@@ -1,5 +1,5 @@
-// A component handler that records what the host hears from the controller.
-// It lives on the test's stack: it counts no references.
+// A component handler that records the edits the host hears from the
+// controller. It lives on the test's stack: it counts no references.
 #pragma once
 
 #include "pluginterfaces/vst/ivsteditcontroller.h"
@@ -30,11 +30,8 @@ public:
 	}
 	tresult PLUGIN_API endEdit(ParamID id) override { return note("end", id, 0); }
 	tresult PLUGIN_API restartComponent(int32) override { return kResultOk; }
-
-	tresult PLUGIN_API queryInterface(const TUID iid, void** obj) override
+	tresult PLUGIN_API queryInterface(const TUID, void** obj) override
 	{
-		QUERY_INTERFACE(iid, obj, FUnknown::iid, IComponentHandler)
-		QUERY_INTERFACE(iid, obj, IComponentHandler::iid, IComponentHandler)
 		*obj = nullptr;
 		return kNoInterface;
 	}
