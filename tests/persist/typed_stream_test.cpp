@@ -92,10 +92,6 @@ TEST(TypedStream, EveryTypeRoundTripsInEitherByteOrderAndAnyWidth)
 
 TEST(TypedStream, HeadersOfBothFormsAndRefusedOnes)
 {
-	Reader fresh;
-	ASSERT_TRUE(fresh.stream.writeSizeofHeader());
-	EXPECT_EQ(bytesOf(*fresh.memory), ByteImage().sizeHeader(0, 0).data);
-
 	// The older header: two flags and eleven sizes; the signed word was 4 bytes.
 	ByteImage older;
 	older.bytes({0, 0});
