@@ -9,6 +9,7 @@
 #include <chrono>
 #include <climits>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -183,6 +184,12 @@ struct Step
 	int seenByBodies;
 	int afterwards;
 };
+
+// Failures name the steps by their letters.
+void PrintTo(const Step& step, std::ostream* out)
+{
+	*out << step.what;
+}
 
 struct Seen
 {

@@ -14,6 +14,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <ostream>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -204,6 +205,11 @@ struct PortSearch
 	int found;
 	int next;
 };
+
+void PrintTo(const PortSearch& search, std::ostream* out)
+{
+	*out << (search.address ? search.address : "null") << ", " << search.held << " held";
+}
 
 class FindPort : public testing::TestWithParam<PortSearch>
 {};
