@@ -233,9 +233,7 @@ TEST(Processor, StereoInputReadsChannelZeroAndAnInactiveOneWritesNothing)
 // its shape: falling from -80 to +90, with its maximum near -80.
 TEST(PanLaw, PublishedGainsAndTheShapeBetweenThem)
 {
-	const auto gain = [](double angle) {
-		return VeloraLaw::evalSegment(VeloraLaw::segmentOf(angle), angle);
-	};
+	const auto gain = VeloraLaw::gainAt;
 	const std::pair<double, double> published[] = {
 	    {-90.0, 1.25527334}, {-30.0, 1.0}, {0.0, 0.56811975}, {30.0, 0.0}, {90.0, -0.6000523}};
 	for (const auto& [angle, expected] : published)
