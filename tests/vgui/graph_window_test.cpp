@@ -3,6 +3,7 @@
 // entering through the frame's platform entry (as the X11 frame hands them
 // on), so that hit-testing, focus and invalidation take the real path. The
 // window's pixels are the frame's own rendering into an offscreen context.
+#include "offscreen_canvas.h"
 #include "support/host_frame.h"
 #include "support/virtual_display.h"
 
@@ -34,9 +35,7 @@
 #include "vgui/vguizoomoutcursor.h"
 #include "x11_runloop.h"
 
-#include "vstgui/lib/cbitmap.h"
 #include "vstgui/lib/cframe.h"
-#include "vstgui/lib/coffscreencontext.h"
 #include "vstgui/lib/events.h"
 #include "vstgui/lib/vstguiinit.h"
 
@@ -224,25 +223,21 @@ public:
 		release(b);
 	}
 
-	// The window's pixel as the frame renders it.
-	VGuiColour pixel(int x, int y) const
+	// The window as the frame renders it.
+	OffscreenCanvas rendered() const
 	{
-		auto context = COffscreenContext::create(CPoint(width, height));
-		context->beginDraw();
-		frame->drawRect(context, CRect(0, 0, width, height));
-		context->endDraw();
-		auto pixels = VSTGUI::owned(CBitmapPixelAccess::create(context->getBitmap(), false));
-		pixels->setPosition(static_cast<uint32_t>(x), static_cast<uint32_t>(y));
-		CColor c;
-		pixels->getColor(c);
-		return VGuiColour(c);
+		OffscreenCanvas canvas(width, height);
+		frame->drawRect(canvas.get(), CRect(0, 0, width, height));
+		return canvas;
 	}
+	VGuiColour pixel(int x, int y) const { return rendered().pixel(x, y); }
 	// Whether the cursor's colour is at p or a pixel next to it.
 	bool cursorNear(CPoint p) const
 	{
+		OffscreenCanvas canvas = rendered();
 		for (int dy = -1; dy <= 1; ++dy)
 			for (int dx = -1; dx <= 1; ++dx)
-				if (pixel(static_cast<int>(p.x) + dx, static_cast<int>(p.y) + dy) ==
+				if (canvas.pixel(static_cast<int>(p.x) + dx, static_cast<int>(p.y) + dy) ==
 				    VGuiGraphCursorColour::Colour)
 					return true;
 		return false;
@@ -367,55 +362,46 @@ TEST_P(GraphWindowDrags, ZoomAndPanCursorsMoveTheRangesUnlessCancelled)
 	    w.use(c.tool == Tool::ZoomIn    ? static_cast<VGuiGraphCursor*>(new VGuiZoomInCursor(g))
 	          : c.tool == Tool::ZoomOut ? static_cast<VGuiGraphCursor*>(new VGuiZoomOutCursor(g))
 	                                    : new VGuiPanCursor(g));
-	w.graph()->autoScale(true, false);
+	g->autoScale(true, false);
 	const VGuiGraphPoint from = w.at(c.from);
 	const VGuiGraphPoint to = w.at(c.to);
-	const double before = span(w.graph());
-	const double minimumBefore = w.graph()->minimum().x;
-
-	w.press(c.from);
-	EXPECT_TRUE(w.lastDown) << "the graph's answer is VSTGUI's";
-	for (int step = 1; step <= 4; ++step)
-		w.drag(c.from + (c.to - c.from) * (step / 4.0));
-	if (c.tool != Tool::Pan && c.from != c.to)
-	{
-		EXPECT_TRUE(w.cursorNear({(c.from.x + c.to.x) / 2, c.from.y})) << "the rubber band";
-	}
-	if (c.escape)
-		w.tap(VirtualKey::Escape);
-	w.release(c.to);
-
+	const double before = span(g);
+	const double minimumBefore = g->minimum().x;
+	// A zoom drag shows its rubber band while held, and only then.
+	const bool band = c.tool != Tool::Pan && c.from != c.to;
+	const CPoint bandAt{(c.from.x + c.to.x) / 2, c.from.y};
+	w.dragFromTo(c.from, c.to, c.escape, [&] {
+		EXPECT_TRUE(w.lastDown) << "the graph's answer is VSTGUI's";
+		EXPECT_TRUE(!band || w.cursorNear(bandAt)) << "the rubber band";
+	});
 	EXPECT_FALSE(cursor->isDragging());
 	EXPECT_FALSE(w.listener.texts.empty());
 	EXPECT_EQ(w.listener.ids.back(), -1);
-	if (c.tool != Tool::Pan && c.from != c.to)
-	{
-		EXPECT_FALSE(w.cursorNear({(c.from.x + c.to.x) / 2, c.from.y})) << "the band is gone";
-	}
+	EXPECT_FALSE(band && w.cursorNear(bandAt)) << "the band is gone";
 	const bool cancelled = c.escape && c.tool != Tool::ZoomIn;
-	EXPECT_EQ(w.graph()->autoScale(), cancelled);
+	EXPECT_EQ(g->autoScale(), cancelled);
 	if (cancelled)
 	{
-		EXPECT_EQ(span(w.graph()), before);
-		EXPECT_EQ(w.graph()->minimum().x, minimumBefore);
+		EXPECT_EQ(span(g), before);
+		EXPECT_EQ(g->minimum().x, minimumBefore);
 	}
 	else if (c.tool == Tool::Pan)
 	{
 		// The value under the press is under the release now, to a pixel.
-		EXPECT_NEAR(w.at(c.to).x, from.x, before / w.graph()->plotArea().width());
-		EXPECT_NEAR(span(w.graph()), before, 1e-9 * before);
+		EXPECT_NEAR(w.at(c.to).x, from.x, before / g->plotArea().width());
+		EXPECT_NEAR(span(g), before, 1e-9 * before);
 	}
 	else if (c.spanRatio == 0.0)
 	{
-		EXPECT_NEAR(w.graph()->minimum().x, std::min(from.x, to.x), 1e-9 * before);
-		EXPECT_NEAR(w.graph()->maximum().x, std::max(from.x, to.x), 1e-9 * before);
+		EXPECT_NEAR(g->minimum().x, std::min(from.x, to.x), 1e-9 * before);
+		EXPECT_NEAR(g->maximum().x, std::max(from.x, to.x), 1e-9 * before);
 	}
 	else
 	{
 		// A click zooms about itself; the zoomed plot area is a whole number
 		// of pixels.
-		EXPECT_NEAR(span(w.graph()) / before, c.spanRatio, 1.0 / w.graph()->plotArea().width());
-		EXPECT_NEAR(w.graph()->maximum().x + w.graph()->minimum().x, 2 * from.x, 0.02 * before);
+		EXPECT_NEAR(span(g) / before, c.spanRatio, 1.0 / g->plotArea().width());
+		EXPECT_NEAR(g->maximum().x + g->minimum().x, 2 * from.x, 0.02 * before);
 	}
 }
 
@@ -473,18 +459,16 @@ TEST_P(GraphWindowDataCursor, SnapsToTheDataOrInterpolatesOnTheLine)
 	GraphWindow w;
 	w.show(parabola(7));
 	auto* cursor = w.use(new VGuiConstrainedDataCursor(w.graph(), c.interpolate, true, c.mode));
-	w.press(w.where(90.0, 50.0));
-	w.drag(w.where(c.x, 50.0));
-	if (c.mode == VGuiConstrainNone)
-	{
+	w.dragFromTo(w.where(90.0, 50.0), w.where(c.x, 50.0), false, [&] {
+		if (c.mode != VGuiConstrainNone)
+			return;
 		// Cross-hairs through the read point while dragging; panned 20
 		// pixels down, the ranges move them with it.
 		const CPoint read = w.where(c.expectedX, c.expectedY);
 		EXPECT_TRUE(w.cursorNear({w.graph()->plotArea().left + 3, read.y}));
 		w.graph()->pan(VGuiPoint(200, 100), VGuiPoint(200, 120));
 		EXPECT_TRUE(w.cursorNear({w.graph()->plotArea().left + 3, read.y + 20}));
-	}
-	w.release(w.where(c.x, 50.0));
+	});
 	ASSERT_FALSE(w.listener.points.empty());
 	EXPECT_EQ(w.listener.ids.back(), 7);
 	EXPECT_NEAR(w.listener.points.back().x, c.expectedX, c.tolerance);
@@ -554,15 +538,12 @@ TEST_P(GraphWindowGain, DragsAPeakingSectionShownWhileDraggingAndHandedOnAtTheEn
 	w.dragFromTo(from, w.where(90.0, 40.0));
 	if (c.held)
 		w.key(noVirtualKey, c.held, false, EventType::KeyDown);
-	w.press(from);
-	w.drag(to);
-	// The adjusted copy shows the section's gain at the centre (x 50, y 20).
-	auto* adjusted = dynamic_cast<VGuiLinePlot*>(w.graph()->plotWithId(adjustPlot));
-	ASSERT_NE(adjusted, nullptr);
-	EXPECT_NEAR((*adjusted->graphData())[5].y, 40.0, 1e-9);
-	if (c.escape)
-		w.tap(VirtualKey::Escape);
-	w.release(to);
+	w.dragFromTo(from, to, c.escape, [&] {
+		// The adjusted copy shows the section's gain at the centre (x 50, y 20).
+		auto* adjusted = dynamic_cast<VGuiLinePlot*>(w.graph()->plotWithId(adjustPlot));
+		ASSERT_NE(adjusted, nullptr);
+		EXPECT_NEAR((*adjusted->graphData())[5].y, 40.0, 1e-9);
+	});
 	EXPECT_EQ(w.graph()->plotWithId(adjustPlot), nullptr);
 	ASSERT_EQ(w.edits.edits.size(), 2u);
 	EXPECT_EQ(w.edits.edits.back().second, c.escape);
@@ -666,6 +647,8 @@ TEST_P(GraphWindowMeasure, ReadsTheAreaOrTheDifferenceBetweenTheStartAndThePoint
 }
 
 constexpr VGuiGraphAxisType linear = VGuiGraphLinearAxis;
+constexpr VGuiGraphAxisType logarithmic = VGuiGraphLogAxis;
+constexpr VGuiGraphAxisType powerDb = VGuiGraphPowerDecibelAxis;
 
 INSTANTIATE_TEST_SUITE_P(
     , GraphWindowMeasure,
@@ -678,16 +661,9 @@ INSTANTIATE_TEST_SUITE_P(
         MeasureCase{"OnePointWithoutIsNoWidth", true, linear, {30.0, 40.0, 30.0}, 0.0, 0.0, ""},
         MeasureCase{"LinearDifference", false, linear, {30.0, 45.0, 60.0}, 0.0, 0.0, ", 21.6 "},
         // 20 log10(7.2 / 28.8): the start over the current.
-        MeasureCase{"LogDifference", false, VGuiGraphLogAxis, {30.0, 60.0}, 0.0, 0.0, ", -12 dB"},
-        MeasureCase{"PowerDifference",
-                    false,
-                    VGuiGraphPowerDecibelAxis,
-                    {30.0, 60.0},
-                    0.0,
-                    0.0,
-                    ", -6.02 dB"},
-        MeasureCase{
-            "LogZero", false, VGuiGraphLogAxis, {0.0, 60.0}, 0.0, 0.0, ", <Can't display> "}),
+        MeasureCase{"LogDifference", false, logarithmic, {30.0, 60.0}, 0.0, 0.0, ", -12 dB"},
+        MeasureCase{"PowerDifference", false, powerDb, {30.0, 60.0}, 0.0, 0.0, ", -6.02 dB"},
+        MeasureCase{"LogZero", false, logarithmic, {0.0, 60.0}, 0.0, 0.0, ", <Can't display> "}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // A spectrum of 143 bins 0.7 apart (up to x = 99.4), y = 1 + x.
