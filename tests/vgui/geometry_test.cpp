@@ -1,5 +1,4 @@
 #include "vgui/vguidpiscale.h"
-#include "vgui/vguifont.h"
 #include "vgui/vguilinesegment.h"
 #include "vgui/vguiparallelogram.h"
 #include "vgui/vguirect.h"
@@ -73,15 +72,6 @@ TEST(VGuiDpiScale, ClosestIndex)
 	EXPECT_EQ(scale.closestIndex(values + 2, 1), 0);
 	EXPECT_EQ(scale.closestIndex(values, 0), -1);
 	EXPECT_EQ(scale.closestIndex(nullptr, 4), -1);
-}
-
-TEST(VGuiFont, CopiesOwnTheirDescription)
-{
-	const VGuiFont font("Arial", 12.0, VSTGUI::kBoldFace);
-	const VGuiFont copy(font);
-	EXPECT_NE(copy.fontDesc(), font.fontDesc());
-	EXPECT_TRUE(*copy.fontDesc() == *font.fontDesc());
-	EXPECT_EQ(font.fontDesc()->getNbReference(), 1);
 }
 
 bool inside(const VGuiRect& r, const VGuiPoint& p)

@@ -65,18 +65,6 @@ INSTANTIATE_TEST_SUITE_P(, GraphControlAxes,
                                            AxisCase{4, nullptr, false, false},
                                            AxisCase{-1, nullptr, false, false}));
 
-TEST(GraphControl, TakesTheMaximumDecibelSpanOnlyBelow200)
-{
-	OffscreenCanvas init(1, 1);
-	for (const auto& [asked, kept] :
-	     {std::pair{120.0, 120.0}, {199.5, 199.5}, {200.0, 0.0}, {-1.0, 0.0}})
-	{
-		VGuiGraphControl control(VSTGUI::CRect(0, 0, 300, 200), nullptr, 0, nullptr);
-		control.create(VGuiGraphControlTypeInfo(0, 2, "", ""), 10, 1, 1, 0.001, 1, asked);
-		EXPECT_EQ(control.graph()->yAxis()->maximumDecibelSpan(), kept) << asked;
-	}
-}
-
 TEST(GraphControl, GraphsShareTheGlobalPropertiesUntilTheyAreReset)
 {
 	OffscreenCanvas init(1, 1);

@@ -73,28 +73,4 @@ TEST(VGuiGfxPolylineBuilder, BuildsTheExpectedPolylines)
 	}
 }
 
-TEST(VGuiGfxPolylineBuilder, PutsAtTheFrontOrTheEnd)
-{
-	for (bool atFront : {true, false})
-	{
-		VGuiGfxPolylineBuilder builder(4, VGuiColour(1, 2, 3), VGuiColour(), VSTGUI::kLineOnOffDash,
-		                               2.5);
-		builder.lineTo(VGuiPoint(0, 0));
-		builder.lineTo(VGuiPoint(1, 0));
-		builder.moveTo(VGuiPoint(5, 0));
-		builder.lineTo(VGuiPoint(6, 0));
-		OsiList list;
-		int existing = 0;
-		list.append(&existing);
-		builder.putPolylines(list, atFront);
-		builder.putPolylines(list, atFront); // nothing left to hand on
-		EXPECT_EQ(atFront ? list.lastNode()->element() : list.removeFirst(), &existing);
-		list.remove(&existing);
-		auto* first = static_cast<VGuiGfxPolyline*>(list.firstNode()->element());
-		EXPECT_EQ(first->lineColour(), VGuiColour(1, 2, 3));
-		EXPECT_EQ(first->lineStyle(), VSTGUI::kLineOnOffDash);
-		EXPECT_EQ(take(list), atFront ? "5,0 6,0 | 0,0 1,0" : "0,0 1,0 | 5,0 6,0");
-	}
-}
-
 } // namespace
