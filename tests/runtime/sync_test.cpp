@@ -136,22 +136,6 @@ TEST(Semaphore, CountsBetweenZeroAndItsMaximum)
 	EXPECT_EQ(OsdWaitOnSemaphore(nullptr, 0).status(), OsdWaitInvalid);
 }
 
-TEST(Semaphore, EveryUnitSignalledWakesOneWaiterOnce)
-{
-	// Two waiters without a time limit, woken by two signals in a row.
-	OsdSemaphore pair("pair", 0, 2);
-	int statuses[2] = {-1, -1};
-	std::thread first([&] { statuses[0] = pair.waitOnSemaphore(OsdInfiniteWait); });
-	std::thread second([&] { statuses[1] = pair.waitOnSemaphore(OsdInfiniteWait); });
-	pair.signal(1);
-	pair.signal(1);
-	first.join();
-	second.join();
-	EXPECT_EQ(statuses[0], 0);
-	EXPECT_EQ(statuses[1], 0);
-	EXPECT_EQ(pair.count(), 0);
-}
-
 // Consumers that sleep without limit, sleep with short time-outs (a sleeper
 // that leaves on its own must not swallow a wake-up meant for another), or
 // only poll: every unit is taken exactly once either way.
