@@ -73,13 +73,11 @@ TEST(Fraction, TermsFollowTheNormalisationRule)
 		OsiFraction f;
 		int numerator, denominator;
 	} cases[] = {{OsiFraction(6, 4), 3, 2},
-	             {OsiFraction(12, 8), 3, 2},
 	             {OsiFraction(9, 6), 9, 6},
 	             {OsiFraction(2, 4), 2, 4},
 	             {OsiFraction(4, 4), 4, 4},
 	             {OsiFraction(0, 5), 0, 5},
 	             {OsiFraction(5, 0), 5, 0},
-	             {OsiFraction(1, -2), -1, 2},
 	             {OsiFraction(6, -4), -3, 2},
 	             {OsiFraction(-3, -2), 3, 2},
 	             {OsiFraction(INT_MIN, -1), INT_MIN, 1},
@@ -90,7 +88,6 @@ TEST(Fraction, TermsFollowTheNormalisationRule)
 	             {3 - OsiFraction(2, 4), 10, 4},
 	             {OsiFraction(2, 3) * OsiFraction(3, 4), 6, 12},
 	             {OsiFraction(1, 2) / OsiFraction(-1, 3), 3, -2},
-	             {-OsiFraction(3, -2), 3, 2},
 	             {-(OsiFraction(12) / 8), -3, 2},
 	             // Division by the int zero changes nothing; an int over a
 	             // fraction is the fraction over the int.
