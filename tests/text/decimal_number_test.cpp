@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <random>
+#include <string>
 
 namespace {
 
@@ -82,8 +83,8 @@ TEST(DecimalNumber, DirectConversionIsStrtodAndScanIsSscanf)
 // double as strtod's, whichever way the text went.
 TEST(DecimalNumber, PrintedValuesReadBackAsStrtodReadsThem)
 {
-	const unsigned seed = std::random_device{}();
-	std::printf("seed %u\n", seed);
+	const unsigned seed = 20261123;
+	SCOPED_TRACE("seed " + std::to_string(seed));
 	std::mt19937_64 rng(seed);
 	std::uniform_real_distribution<double> mantissa(-10.0, 10.0);
 	std::uniform_int_distribution<int> scale(-30, 30);
@@ -96,8 +97,8 @@ TEST(DecimalNumber, PrintedValuesReadBackAsStrtodReadsThem)
 		const double value = mantissa(rng) * std::pow(10.0, scale(rng));
 		std::snprintf(text, sizeof text, formats[i % 7], value);
 		double read = 0.0;
-		ASSERT_TRUE(OsiDecimalNumber::scan(text, read)) << text << ", seed " << seed;
-		ASSERT_TRUE(sameBits(read, std::strtod(text, nullptr))) << text << ", seed " << seed;
+		ASSERT_TRUE(OsiDecimalNumber::scan(text, read)) << text;
+		ASSERT_TRUE(sameBits(read, std::strtod(text, nullptr))) << text;
 		double unused = 0.0;
 		direct += OsiDecimalNumber::convertExactly(text, unused);
 	}
