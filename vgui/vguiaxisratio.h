@@ -1,5 +1,7 @@
-// The ratio between two values read on an axis: on an axis whose values are
-// decibel levels, the level difference times nepersPerDecibel through exp;
+// The ratio between two values read on an axis: on a decibel axis, the
+// difference of their levels in the axis's own decibels (of power or of
+// amplitude) times nepersPerDecibel through exp, so that a cursor dragged
+// over D dB of the scale gives the same D dB whatever the values stand for;
 // on any other, to / from.
 #pragma once
 
@@ -10,8 +12,7 @@
 inline double VGuiAxisRatio(const VGuiGraphAxis* axis, double from, double to,
                             double nepersPerDecibel)
 {
-	const auto* decibels = dynamic_cast<const VGuiDecibelAxis*>(axis);
-	if (decibels && decibels->linearDecibels)
-		return std::exp((to - from) * nepersPerDecibel);
+	if (const auto* decibels = dynamic_cast<const VGuiDecibelAxis*>(axis))
+		return std::exp((decibels->level(to) - decibels->level(from)) * nepersPerDecibel);
 	return to / from;
 }

@@ -294,6 +294,7 @@ TEST_P(ScopeDrag, EndsWhereverReleasedAndActsOnWhatWasDragged)
 	const bool preview = c.cursor == 'g' && c.toX <= 1.0;
 	drag(x1, y1, x2, y2, preview);
 	double previewDb = 0;
+	double draggedDb = 0;
 	if (preview)
 	{
 		// The preview starts on the trace, hiding it, and leaves it at the
@@ -306,8 +307,11 @@ TEST_P(ScopeDrag, EndsWhereverReleasedAndActsOnWhatWasDragged)
 		const auto trace = shown.rowsOf(kTrace, x1);
 		const auto previewed = shown.rowsOf(kPreview, x1);
 		ASSERT_FALSE(trace.empty() || previewed.empty());
-		previewDb = (meanOf(trace) - meanOf(previewed)) * (all.highDb - all.lowDb) /
-		            (area.bottom - area.top);
+		const double dbPerPixel = (all.highDb - all.lowDb) / (area.bottom - area.top);
+		previewDb = (meanOf(trace) - meanOf(previewed)) * dbPerPixel;
+		// The section's gain is the height dragged over, in the scale's dB,
+		// on a power scale as on any other.
+		draggedDb = (y1 - y2) * dbPerPixel;
 		xdotool("mouseup 1");
 	}
 	const std::string ended = scope->lineWith(c.ends);
@@ -317,7 +321,9 @@ TEST_P(ScopeDrag, EndsWhereverReleasedAndActsOnWhatWasDragged)
 		// ",G=" and the section's gain in dB.
 		const auto g = ended.find(",G=");
 		ASSERT_NE(g, std::string::npos) << ended;
-		EXPECT_NEAR(previewDb, std::strtod(ended.c_str() + g + 3, nullptr), 2.0) << ended;
+		const double gainDb = std::strtod(ended.c_str() + g + 3, nullptr);
+		EXPECT_NEAR(previewDb, gainDb, 2.0) << ended;
+		EXPECT_NEAR(draggedDb, gainDb, 1.0) << ended;
 	}
 	if (c.cursor == 'z')
 	{
