@@ -87,8 +87,7 @@ double parameterOf(const VGuiLineSegment& s, const VGuiPoint& q)
 	return (w.x * d.x + w.y * d.y) / (d.x * d.x + d.y * d.y);
 }
 
-// Each random segment is sampled finely; the samples inside the rectangle
-// must be exactly those within the clipped part.
+// Of a finely sampled random segment, exactly the clipped part lies inside.
 TEST(VGuiLineSegment, ClipMatchesSampling)
 {
 	std::mt19937 rng(11);
@@ -133,8 +132,6 @@ struct ClipCase
 };
 
 const ClipCase kClipCases[] = {
-    {{{-5, 5}, {15, 5}}, true, {{0, 5}, {10, 5}}},
-    {{{5, 15}, {5, -5}}, true, {{5, 10}, {5, 0}}},
     {{{0, -5}, {0, 15}}, true, {{0, 0}, {0, 10}}}, // along the left edge
     {{{-5, 5}, {5, -5}}, true, {{0, 0}, {0, 0}}},  // touches a corner only
     {{{2, 3}, {2, 3}}, true, {{2, 3}, {2, 3}}},
@@ -165,9 +162,7 @@ TEST(VGuiLineSegment, ClipCasesAndCrossings)
 	EXPECT_FALSE(diagonal.intersect(VGuiRect(3, 0, 5, 2.5)));
 }
 
-// An affine map keeps affine combinations: a point made of this
-// parallelogram's corners with some weights maps onto the same weights of
-// the other's corners.
+// An affine map keeps affine combinations of the corners.
 TEST(VGuiParallelogram, MapsAffineCombinationsOntoTheOther)
 {
 	std::mt19937 rng(3);

@@ -1,6 +1,4 @@
-// Graphic objects drawn into a real offscreen VSTGUI context (cairo) and read
-// back pixel by pixel: each kind paints inside its physical extent and
-// nowhere else, with its colours where they belong.
+// Graphic objects drawn into a real offscreen VSTGUI (cairo) context, read back pixel by pixel.
 #include "offscreen_canvas.h"
 
 #include "vgui/vguigfxbitmap.h"
@@ -89,28 +87,23 @@ VGuiGfxObject* movedGroup(CDrawContext*)
 	return g;
 }
 
+template <typename Gfx, typename... Args>
+std::function<VGuiGfxObject*(CDrawContext*)> kind(Args... args)
+{
+	return [=](CDrawContext*) { return new Gfx(args...); };
+}
+
+const VGuiRect kBox(20, 20, 60, 40);
+
 const KindCase kKinds[] = {
-    {"rectangle",
-     [](CDrawContext*) {
-	     return new VGuiGfxRectangle({10, 20, 60, 50}, kBlue, kRed, kLineSolid, 4);
-     },
-     35, 35, kRed},
-    {"round rectangle",
-     [](CDrawContext*) {
-	     return new VGuiGfxRoundRectangle({10, 10, 70, 40}, 12, kBlue, kRed, kLineSolid, 2);
-     },
-     40, 25, kRed},
-    {"ellipse",
-     [](CDrawContext*) {
-	     return new VGuiGfxEllipse(VGuiPoint(40, 40), 30, 15, kBlue, kRed, kLineSolid, 3);
-     },
-     40, 40, kRed},
+    {"rectangle", kind<VGuiGfxRectangle>(kBox, kBlue, kRed, kLineSolid, 4), 35, 35, kRed},
+    {"round rectangle", kind<VGuiGfxRoundRectangle>(kBox, 12, kBlue, kRed, kLineSolid, 2), 40, 25,
+     kRed},
+    {"ellipse", kind<VGuiGfxEllipse>(VGuiPoint(40, 40), 30, 15, kBlue, kRed, kLineSolid, 3), 40, 40,
+     kRed},
     {"path, moved", triangle, 44, 55, kRed},
-    {"line",
-     [](CDrawContext*) {
-	     return new VGuiGfxLine({10, 70}, {70, 10}, kBlue, kLineSolid, 3);
-     },
-     40, 40, kBlue},
+    {"line", kind<VGuiGfxLine>(VGuiPoint(10, 70), VGuiPoint(70, 10), kBlue, kLineSolid, 3), 40, 40,
+     kBlue},
     {"polyline",
      [](CDrawContext*) {
 	     const VGuiPoint zigzag[] = {{10, 60}, {30, 20}, {50, 60}, {70, 20}};
@@ -120,16 +113,9 @@ const KindCase kKinds[] = {
     {"text", [](CDrawContext* c) { return text(c, 0); }, -1, -1, kNone},
     {"text at 90 degrees", [](CDrawContext* c) { return text(c, 90); }, -1, -1, kNone},
     {"bitmap", bitmap, 40, 40, kRed},
-    {"button",
-     [](CDrawContext*) {
-	     return new VGuiGfxButton({20, 20, 60, 40}, kBlue, kRed, false, false);
-     },
-     40, 30, kRed},
-    {"frame border",
-     [](CDrawContext*) {
-	     return new VGuiGfxFrameBorder({20, 20, 60, 60}, 6, kRed, kBlue, 0);
-     },
-     20, 17, kRed},
+    {"button", kind<VGuiGfxButton>(kBox, kBlue, kRed, false, false), 40, 30, kRed},
+    {"frame border", kind<VGuiGfxFrameBorder>(VGuiRect(20, 20, 60, 60), 6, kRed, kBlue, 0), 20, 17,
+     kRed},
     {"group, moved", movedGroup, 35, 35, kRed},
 };
 
@@ -173,9 +159,8 @@ TEST(VGuiGfxDrawing, GroupDrawsOnlyWhatReachesTheUpdate)
 	EXPECT_EQ(canvas.pixel(45, 45), kRed); // the whole object, not only the update
 }
 
-// A line repainted in a small rectangle (only its segments near it
-// stroked) looks there as when drawn whole, even where only the mitred
-// corner of segments beside the rectangle reaches into it.
+// A line repainted in part looks there as when drawn whole, even where only
+// the mitred corner of segments beside the update reaches into it.
 TEST(VGuiGfxDrawing, ALineRepaintedInPartLooksAsWhole)
 {
 	const VGuiPoint corner[4] = {{6, 33}, {27, 36}, {6, 39}, {70, 70}};
@@ -194,8 +179,7 @@ TEST(VGuiGfxDrawing, ALineRepaintedInPartLooksAsWhole)
 struct BorderCase
 {
 	int style;
-	// The top side's outer and inner half; the bottom side shows the other
-	// colour of each.
+	// The top side's outer and inner half; the bottom shows the other colour.
 	bool outerLit, innerLit;
 };
 
@@ -235,9 +219,6 @@ TEST(VGuiGfxDrawing, ButtonFaceLightensOnHoverAndDarkensWhenPushed)
 		const int base = face.toHLS().lightness;
 		EXPECT_EQ((drawn > base + 2) - (drawn < base - 2), l.lightness)
 		    << l.inside << l.pressed << " " << drawn;
-		// The frame lies inside the extent.
-		EXPECT_EQ(canvas.pixel(10, 20), kBlue);
-		EXPECT_EQ(canvas.pixel(50, 20), kWhite);
 	}
 }
 

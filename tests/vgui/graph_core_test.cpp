@@ -1,5 +1,4 @@
-// The graph's update protocol, event dispatch, focus and ranges, hosted by a
-// VSTGUI view that records what it is asked to repaint.
+// The graph's updates, event dispatch, focus and ranges, in a view recording its repaints.
 #include "graph_host.h"
 
 #include "vgui/vguigraphaxis.h"
@@ -209,16 +208,9 @@ TEST(VGuiGraph, PansAndRescalesInSteps)
 	EXPECT_EQ(f.graph->minimum(), VGuiGraphPoint(0, -1, 0));
 	EXPECT_EQ(f.rangeChanges(), 3u);
 
-	// Panning moves the ranges with the pointer; a pan to where it started
-	// does nothing at all. (Zooming is driven by the zoom cursors in the
-	// window tests.)
-	const VGuiRect area = f.graph->plotArea();
-	const VGuiPoint from(area.left + 40, area.top + 30);
-	const VGuiGraphPoint max = f.graph->maximum();
-	const VGuiGraphPoint min = f.graph->minimum();
+	// How far a pan goes, the window's pan drags prove; here, which ranges it changes.
+	const VGuiPoint from(f.graph->plotArea().left + 40, f.graph->plotArea().top + 30);
 	f.graph->pan(from, from + VGuiPoint(20, 10));
-	EXPECT_NEAR(f.graph->maximum().x, max.x - 20 * (max.x - min.x) / area.width(), 1e-9);
-	EXPECT_NEAR(f.graph->maximum().y, max.y + 10 * (max.y - min.y) / area.height(), 1e-9);
 	EXPECT_EQ(f.rangeChanges(), 3u);
 	f.graph->pan(from, from);
 	EXPECT_EQ(f.rangeChanges(), 0u);
