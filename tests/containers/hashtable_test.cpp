@@ -11,38 +11,33 @@
 #include <map>
 #include <memory>
 #include <random>
-#include <string>
 #include <vector>
 
 namespace {
 
 int items[64]; // distinct element pointers
 
-std::vector<void*> walkKeyless(const OsiHashTable& table)
+// The elements a fresh iterator made from args walks past.
+template <typename Iter, typename... Args> std::vector<void*> walk(const Args&... args)
 {
 	std::vector<void*> seen;
-	OsiKeylessHashTableIter iter(table);
+	Iter iter(args...);
 	while (void* element = iter++)
 		seen.push_back(element);
 	return seen;
 }
 
-std::vector<void*> walkKey(const OsiHashTable& table, const OsiHashTableKey& key)
+std::vector<void*> walkKeyless(const OsiHashTable& table)
 {
-	std::vector<void*> seen;
-	OsiHashTableIter iter(table, key);
-	while (void* element = iter++)
-		seen.push_back(element);
-	return seen;
+	return walk<OsiKeylessHashTableIter>(table);
 }
 
 TEST(HashTable, BehavesAsAMapOfKeysToInsertionOrderedLists)
 {
 	for (bool unique : {false, true})
 	{
-		const unsigned seed = unique ? 17 : 18;
-		SCOPED_TRACE("seed " + std::to_string(seed));
-		std::mt19937 random(seed);
+		SCOPED_TRACE(unique ? "unique" : "shared");
+		std::mt19937 random(unique ? 17 : 18);
 		OsiHashTable table(unique, 7);
 		std::map<int, std::deque<void*>> model;
 		size_t count = 0;
@@ -78,12 +73,12 @@ TEST(HashTable, BehavesAsAMapOfKeysToInsertionOrderedLists)
 			}
 			ASSERT_EQ(table.count(), int(count));
 			ASSERT_EQ(table.find(k), under.empty() ? nullptr : under.front());
-			ASSERT_EQ(walkKey(table, k), std::vector<void*>(under.begin(), under.end()));
+			ASSERT_EQ(walk<OsiHashTableIter>(table, k),
+			          std::vector<void*>(under.begin(), under.end()));
 		}
-		std::vector<void*> all, expected;
+		std::vector<void*> all = walkKeyless(table), expected;
 		for (const auto& entry : model)
 			expected.insert(expected.end(), entry.second.begin(), entry.second.end());
-		all = walkKeyless(table);
 		std::sort(all.begin(), all.end());
 		std::sort(expected.begin(), expected.end());
 		EXPECT_EQ(all, expected);
@@ -181,8 +176,7 @@ TEST(HashTableIter, RemovingTheCurrentElementLetsTheWalkGoOn)
 	for (int i = 0; i < 12; ++i)
 		table.insert(&items[i], OsiNumberHashTableKey(i % 3 ? i : 1)); // some share key 1
 	const std::vector<void*> before = walkKeyless(table);
-	// Every other element goes as the walk reaches it, through the iterator
-	// and through the table by turns; a second iterator on it moves on too.
+	// Every other element goes as reached, through the iterator or the table by turns.
 	std::vector<void*> visited, kept;
 	OsiKeylessHashTableIter iter(table);
 	bool drop = true, throughTable = false;
@@ -206,7 +200,7 @@ TEST(HashTableIter, RemovingTheCurrentElementLetsTheWalkGoOn)
 	EXPECT_EQ(visited, before);
 	EXPECT_EQ(walkKeyless(table), kept);
 	// Under one key, removing the element that the iterator stands on.
-	std::vector<void*> under = walkKey(table, OsiNumberHashTableKey(1));
+	std::vector<void*> under = walk<OsiHashTableIter>(table, OsiNumberHashTableKey(1));
 	ASSERT_GE(under.size(), 2u);
 	OsiHashTableIter keyed(table, OsiNumberHashTableKey(1));
 	EXPECT_EQ(keyed++, under[0]);

@@ -35,8 +35,7 @@ double truth(double x)
 	return std::sin(x) + 0.3 * x;
 }
 
-// n points of the true curve on [0, 10] plus normal noise of standard
-// deviation 0.1 from a fixed seed.
+// n points of the true curve on [0, 10] plus seeded normal noise (deviation 0.1).
 Points noisyCurve(int n)
 {
 	std::mt19937_64 random(7);
@@ -55,10 +54,7 @@ Points unitKnots()
 {
 	Points knots;
 	for (int k = 0; k <= 10; ++k)
-	{
-		knots.x.push_back(k);
-		knots.y.push_back(0.0);
-	}
+		knots.x.push_back(k), knots.y.push_back(0.0);
 	return knots;
 }
 
@@ -95,8 +91,7 @@ bool fit(OsiFittedCubicSpline& fitter, Points& data, Points& knots, int first = 
 	                         &data, &knots, first, count, weight, onSlope);
 }
 
-// The spline through ordinates `y` at the knots, at x: linear in y, so the
-// unpenalised fit is a linear least-squares problem over these columns.
+// The spline through a unit ordinate at one knot: the columns of the linear problem.
 double basis(OsiCubicSplineType type, const Points& knots, int column, double x)
 {
 	Points unit{knots.x, std::vector<double>(knots.x.size(), 0.0)};
@@ -163,13 +158,12 @@ TEST(FittedSpline, FailuresOfTheSourcesAndImproperInput)
 	Points empty;
 	EXPECT_FALSE(fit(fitter, empty, knots));
 
-	curve.failAt = 7;
-	EXPECT_FALSE(fit(fitter, curve, knots));
-	curve.failAt = -1;
-	knots.failAt = 4;
-	EXPECT_FALSE(fit(fitter, curve, knots));
-	knots.failAt = -1;
-
+	for (Points* source : {&curve, &knots})
+	{
+		source->failAt = 4;
+		EXPECT_FALSE(fit(fitter, curve, knots));
+		source->failAt = -1;
+	}
 	// More knots than data points; two knots make no spline.
 	Points few{{0.0, 1.0, 2.0}, {0.0, 1.0, 0.0}};
 	EXPECT_FALSE(fit(fitter, few, knots));

@@ -30,28 +30,19 @@ OsiFourier loaded(const std::vector<OsiComplex>& samples)
 	return f;
 }
 
-// FFTW's transform of the samples; the inverse is scaled by 1/n to match.
-std::vector<OsiComplex> fftwTransform(const std::vector<OsiComplex>& samples, bool forward)
+// FFTW's transform of the samples (two doubles each, as fftw_complex), in place; the
+// inverse is scaled by 1/n to match.
+std::vector<OsiComplex> fftwTransform(std::vector<OsiComplex> samples, bool forward)
 {
 	const int n = static_cast<int>(samples.size());
-	fftw_complex* in = fftw_alloc_complex(n);
-	fftw_complex* out = fftw_alloc_complex(n);
+	auto* data = reinterpret_cast<fftw_complex*>(samples.data());
 	fftw_plan plan =
-	    fftw_plan_dft_1d(n, in, out, forward ? FFTW_FORWARD : FFTW_BACKWARD, FFTW_ESTIMATE);
-	for (int i = 0; i < n; ++i)
-	{
-		in[i][0] = samples[i].re;
-		in[i][1] = samples[i].im;
-	}
+	    fftw_plan_dft_1d(n, data, data, forward ? FFTW_FORWARD : FFTW_BACKWARD, FFTW_ESTIMATE);
 	fftw_execute(plan);
-	std::vector<OsiComplex> result(n);
-	const double scale = forward ? 1.0 : 1.0 / n;
-	for (int i = 0; i < n; ++i)
-		result[i] = {out[i][0] * scale, out[i][1] * scale};
 	fftw_destroy_plan(plan);
-	fftw_free(in);
-	fftw_free(out);
-	return result;
+	for (OsiComplex& z : samples)
+		z *= forward ? 1.0 : 1.0 / n;
+	return samples;
 }
 
 // ||a - b|| / ||b|| over all samples.
@@ -75,10 +66,8 @@ bool sameBits(const OsiComplex* a, const OsiComplex* b, int n)
 		return (std::isnan(x) && std::isnan(y)) || std::memcmp(&x, &y, sizeof x) == 0;
 	};
 	for (int i = 0; i < n; ++i)
-	{
 		if (!same(a[i].re, b[i].re) || !same(a[i].im, b[i].im))
 			return false;
-	}
 	return true;
 }
 
@@ -100,8 +89,7 @@ TEST(FourierTransform, MatchesFftwForEveryPowerOfTwoUpTo65536)
 
 const char* const kInstructionNames[] = {"sse2", "avx2", "avx512"};
 
-// Every instruction set that the transform has vectors for; those that this
-// processor lacks are skipped.
+// Every instruction set the transform has vectors for; those this processor lacks skip.
 class FourierInstructions : public testing::TestWithParam<OsiFourier::Instructions>
 {
 protected:
@@ -111,8 +99,7 @@ protected:
 			GTEST_SKIP() << "not offered by this processor";
 	}
 
-	// The samples transformed with these instructions and with the plain loop
-	// agree to the last bit.
+	// These instructions and the plain loop agree to the last bit.
 	void expectSameBits(const std::vector<OsiComplex>& samples)
 	{
 		const int n = static_cast<int>(samples.size());
@@ -128,17 +115,14 @@ protected:
 	}
 };
 
-// Orders 11 and up have passes over the whole block, one (11, 13, 17) or two
-// (12, 16) at a time; below 4 the blocks are too short for the wider vectors.
+// From order 11 whole-block passes go one (11, 13, 17) or two (12, 16) at a time.
 TEST_P(FourierInstructions, IsBitIdenticalToThePlainLoop)
 {
 	for (int order : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 16, 17})
 		expectSameBits(randomSamples(1 << order, order));
 }
 
-// Zeros of either sign, alone or with an infinity among them, and subnormal
-// numbers: the signs of zero results, and which results are NaN, depend on
-// every single operation.
+// Signed zeros, an infinity and subnormals: zero signs and NaNs depend on every operation.
 TEST_P(FourierInstructions, SignedZerosInfinitiesAndSubnormalsFollowThePlainLoop)
 {
 	std::mt19937 rng(5);
@@ -185,7 +169,6 @@ TEST(FourierSize, RoundsUpToAPowerOfTwoAndIgnoresWhatIsOutOfRange)
 		else
 			f.size(c.size);
 		EXPECT_EQ(f.order(), c.expectedOrder) << c.size << " " << c.order;
-		EXPECT_EQ(f.size(), 1 << c.expectedOrder);
 		EXPECT_EQ(f.data()[1], (c.keepsSamples ? OsiComplex{7.0, 2.0} : OsiComplex{0.0, 0.0}));
 	}
 }

@@ -85,9 +85,7 @@ TEST(PiecewiseLinearFitter, EvaluatesSegmentsAndExtendsTheEnds)
 {
 	Source source = handWorkedCase();
 	OsiPiecewiseLinearFitter fitter(3, 9, Source::callback, &source);
-	const double y0 = fitter.knots()[0].y;
-	const double y1 = fitter.knots()[1].y;
-	const double y2 = fitter.knots()[2].y;
+	const double y0 = fitter.knots()[0].y, y1 = fitter.knots()[1].y, y2 = fitter.knots()[2].y;
 	OsiPiecewiseLinearContext context;
 	auto at = [&](double x) {
 		fitter.findContext(x, context);

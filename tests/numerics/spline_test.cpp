@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
-#include <string>
 #include <vector>
 
 namespace {
@@ -45,9 +44,7 @@ void randomKnots(std::mt19937_64& random, int n, std::vector<double>& x, std::ve
 
 TEST(NaturalSpline, AgreesWithGslOverDenseSweepsBothWays)
 {
-	const unsigned seed = 11;
-	SCOPED_TRACE("seed " + std::to_string(seed));
-	std::mt19937_64 random(seed);
+	std::mt19937_64 random(11);
 	for (int n : {3, 4, 11, 60})
 	{
 		std::vector<double> x, y;
@@ -81,9 +78,8 @@ TEST(NaturalSpline, AgreesWithGslOverDenseSweepsBothWays)
 	}
 }
 
-// The flat-ended system: zero slope at the first knot, interior rows as the
-// natural spline's, and a last row that takes its diagonal and right-hand side
-// from the second-last interval (as saved splines have always had it).
+// Flat ends: zero slope at the first knot, natural interior rows, and a last row from the
+// second-last interval (as saved splines have always had it).
 std::vector<double> flatEndsByGsl(const std::vector<double>& x, const std::vector<double>& y)
 {
 	const size_t n = x.size();
@@ -109,9 +105,7 @@ std::vector<double> flatEndsByGsl(const std::vector<double>& x, const std::vecto
 
 TEST(FlatEndsSpline, SecondDerivativesSolveTheSystemAsGslDoes)
 {
-	const unsigned seed = 29;
-	SCOPED_TRACE("seed " + std::to_string(seed));
-	std::mt19937_64 random(seed);
+	std::mt19937_64 random(29);
 	for (int n : {3, 4, 5, 17, 80})
 	{
 		std::vector<double> x, y;
@@ -149,8 +143,7 @@ TEST(SplineEvaluation, AKnotBelongsToTheIntervalOnItsLeftAndTheEndsExtend)
 		EXPECT_EQ(context.index, c.index) << c.x;
 		EXPECT_EQ(context.knot, &s.knots()[c.index]) << c.x;
 	}
-	// The natural spline extrapolates its end cubics: through (0, 0), (1, 1),
-	// (2, 0) it is 1.5 x - 0.5 x^3 on the first interval, so S(-1) = S(3) = -1.
+	// Through (0, 0), (1, 1), (2, 0) the end cubics are 1.5 x - 0.5 x^3 (mirrored): -1 at -1, 3.
 	OsiSplineVector three = knotsOf({0.0, 1.0, 2.0}, {0.0, 1.0, 0.0});
 	const OsiCubicSplineInterpolator natural(three);
 	EXPECT_DOUBLE_EQ(valueAt(natural, -1.0), -1.0);

@@ -1,6 +1,5 @@
-// The atomic lock, mutexes and semaphores under real contention between
-// threads; the ThreadSanitizer build runs these too. Nothing here waits on
-// time: threads meet through the primitives themselves.
+// The atomic lock, mutexes and semaphores under real contention (also under
+// ThreadSanitizer); threads meet through the primitives themselves.
 #include "osi/runtime/cosync.h"
 
 #include <gtest/gtest.h>
@@ -136,9 +135,7 @@ TEST(Semaphore, CountsBetweenZeroAndItsMaximum)
 	EXPECT_EQ(OsdWaitOnSemaphore(nullptr, 0).status(), OsdWaitInvalid);
 }
 
-// Consumers that sleep without limit, sleep with short time-outs (a sleeper
-// that leaves on its own must not swallow a wake-up meant for another), or
-// only poll: every unit is taken exactly once either way.
+// Consumers that sleep, time out early (not swallowing another's wake-up) or poll.
 struct Traffic
 {
 	const char* name;
@@ -180,12 +177,8 @@ INSTANTIATE_TEST_SUITE_P(Semaphore, SemaphoreTraffic,
                                            Traffic{"polling", 4, 1, 0}),
                          [](const auto& info) { return std::string(info.param.name); });
 
-// A token passed around a ring of threads, each waiting on its own semaphore
-// of one unit and signalling the next: the thread pool's hand-over. Holding
-// the token for a while sends the others from spinning to sleeping, so that
-// both ways of waiting meet signals. A wake-up lost between a sleeper and its
-// signal stops the ring; the generous time-out makes that a failure, not a
-// hang.
+// A token handed round a ring of one-unit semaphores, as in the thread pool; holding it
+// longer sends waiters from spinning to sleeping. A lost wake-up times out the ring.
 struct Ring
 {
 	const char* name;

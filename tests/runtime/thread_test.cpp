@@ -76,6 +76,12 @@ unsigned int doNothing(void*, unsigned int)
 	return 0;
 }
 
+unsigned int waitForSignal(void* semaphore, unsigned int)
+{
+	static_cast<OsdSemaphore*>(semaphore)->waitOnSemaphore(OsdInfiniteWait);
+	return 0;
+}
+
 TEST(Thread, OpenRefusesNullFunctionOrArgumentAndASecondStart)
 {
 	OsdThread thread;
@@ -85,11 +91,7 @@ TEST(Thread, OpenRefusesNullFunctionOrArgumentAndASecondStart)
 	EXPECT_FALSE(thread.isRunning());
 
 	OsdSemaphore release("release", 0, 1);
-	auto blockUntilReleased = [](void* semaphore, unsigned int) -> unsigned int {
-		static_cast<OsdSemaphore*>(semaphore)->waitOnSemaphore(OsdInfiniteWait);
-		return 0;
-	};
-	ASSERT_TRUE(thread.open(blockUntilReleased, static_cast<void*>(&release)));
+	ASSERT_TRUE(thread.open(waitForSignal, static_cast<void*>(&release)));
 	const unsigned int number = thread.threadNumber();
 	// Refused while running: the result is the running flag, no new number.
 	EXPECT_TRUE(thread.open(doNothing, static_cast<void*>(&value)));
@@ -133,11 +135,7 @@ TEST(Thread, ThreadOutlivesItsOwnersReferenceAndDeletesItself)
 {
 	OsdSemaphore start("start", 0, 1);
 	auto* thread = new WatchedThread;
-	auto waitForStart = [](void* semaphore, unsigned int) -> unsigned int {
-		static_cast<OsdSemaphore*>(semaphore)->waitOnSemaphore(OsdInfiniteWait);
-		return 0;
-	};
-	ASSERT_TRUE(thread->open(waitForStart, static_cast<void*>(&start)));
+	ASSERT_TRUE(thread->open(waitForSignal, static_cast<void*>(&start)));
 	thread->release(); // the thread's own reference keeps it alive
 	EXPECT_EQ(threadGone.count(), 0);
 	start.signal(1);
