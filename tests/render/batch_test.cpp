@@ -48,33 +48,25 @@ TEST_F(BatchTest, AFolderTreeIsMirroredAndEachOutputIsThatOfItsOwnRender)
 	          SF_FORMAT_AIFF | SF_FORMAT_PCM_24);
 	writeText(path("lib/a/notes.txt"), "not audio, not taken");
 	writeSine(path("extra.wav"), 1000, kRate, 440.0, 0.5);
-	const std::vector<std::string> pan = {"--sweep", "-90:60", "--block", "300"};
-	const auto batch = [&](std::vector<std::string> args) {
-		args.insert(args.end(), pan.begin(), pan.end());
-		return render(args);
+	const auto pan = [](std::vector<std::string> args) {
+		args.insert(args.end(), {"--sweep", "-90:60", "--block", "300"});
+		return args;
 	};
-
-	RenderRun run = batch({"--in-dir", "lib", "--recursive", "-i", "extra.wav", "--out-dir", "out",
-	                       "--format", "wav", "--jobs", "2"});
-	ASSERT_EQ(run.status, 0) << run.err;
-	EXPECT_NE(run.out.find("files:    4: 4 rendered, 0 up to date, 0 failed"), std::string::npos)
-	    << run.out;
-	const std::vector<std::string> outputs = {"a/b/three.wav", "a/two.wav", "extra.wav", "one.wav"};
-	const std::vector<std::string> inputs = {"lib/a/b/three.aiff", "lib/a/two.flac", "extra.wav",
-	                                         "lib/one.wav"};
-	for (std::size_t i = 0; i < outputs.size(); ++i)
+	expectRun(pan({"--in-dir", "lib", "--recursive", "-i", "extra.wav", "--out-dir", "out",
+	               "--format", "wav", "--jobs", "2"}),
+	          0, "files:    4: 4 rendered, 0 up to date, 0 failed");
+	for (const auto& [input, output] : {std::pair{"lib/a/b/three.aiff", "a/b/three.wav"},
+	                                    {"lib/a/two.flac", "a/two.wav"},
+	                                    {"extra.wav", "extra.wav"},
+	                                    {"lib/one.wav", "one.wav"}})
 	{
-		SCOPED_TRACE(outputs[i]);
-		std::vector<std::string> alone = {"-q", "--in", inputs[i], "--out", "alone.wav"};
-		alone.insert(alone.end(), pan.begin(), pan.end());
-		ASSERT_EQ(render(alone).status, 0);
-		EXPECT_TRUE(readBytes(path("out/" + outputs[i])) == readBytes(path("alone.wav")));
+		ASSERT_EQ(render(pan({"-q", "--in", input, "--out", "alone.wav"})).status, 0) << input;
+		EXPECT_TRUE(readBytes(path(std::string("out/") + output)) == readBytes(path("alone.wav")))
+		    << output;
 	}
-
 	// Without --recursive only the folder's own files; each input's format
 	// without --format.
-	run = batch({"--in-dir", "lib/a", "--out-dir", "flat", "--jobs", "1"});
-	ASSERT_EQ(run.status, 0) << run.err;
+	expectRun(pan({"--in-dir", "lib/a", "--out-dir", "flat", "--jobs", "1"}), 0, "1 rendered");
 	EXPECT_EQ(tree("flat"), (std::vector<std::string>{".two.flac.render", "two.flac"}));
 }
 
@@ -86,14 +78,12 @@ TEST_F(BatchTest, UpToDateOutputsAreSkippedUnlessForcedOrChanged)
 	const std::vector<std::string> args = {"--in-dir", "in", "--out-dir", "out", "--pan", "30"};
 	expectRun(args, 0, "2 rendered, 0 up to date");
 	expectRun(args, 0, "0 rendered, 2 up to date");
-	std::vector<std::string> forced = args;
-	forced.push_back("--force");
-	expectRun(forced, 0, "2 rendered, 0 up to date");
+	expectRun({"--in-dir", "in", "--out-dir", "out", "--pan", "30", "--force"}, 0,
+	          "2 rendered, 0 up to date");
 	writeSine(path("in/b.wav"), 2400, kRate, 440.0, 0.5);
 	expectRun(args, 0, "1 rendered, 1 up to date");
 	EXPECT_EQ(readSound(path("out/b.wav")).left.size(), 2400u);
-	std::vector<std::string> otherPan = {"--in-dir", "in", "--out-dir", "out", "--pan", "31"};
-	expectRun(otherPan, 0, "2 rendered, 0 up to date");
+	expectRun({"--in-dir", "in", "--out-dir", "out", "--pan", "31"}, 0, "2 rendered, 0 up to date");
 }
 
 TEST_F(BatchTest, FailingFilesAreReportedAndTheOthersRendered)

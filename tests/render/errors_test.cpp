@@ -43,14 +43,15 @@ protected:
 	std::vector<std::string> before;
 };
 
+// A render of sine.wav to out.wav, with more arguments.
+std::vector<std::string> with(std::vector<std::string> more)
+{
+	more.insert(more.begin(), {"--in", "sine.wav", "--out", "out.wav"});
+	return more;
+}
+
 TEST_F(ErrorTest, CommandLineMistakesExitWithTwo)
 {
-	const std::vector<std::string> in = {"--in", "sine.wav", "--out", "out.wav"};
-	const auto with = [&](std::vector<std::string> more) {
-		std::vector<std::string> args = in;
-		args.insert(args.end(), more.begin(), more.end());
-		return args;
-	};
 	expectRefusal(with({"--pan", "91"}), 2, "--pan: 91 degrees is outside -90..90");
 	expectRefusal(with({"--pan", "left"}), 2, "--pan: 'left' is not a number of degrees");
 	expectRefusal(with({"--pan", "nan"}), 2, "is not a number");
@@ -96,11 +97,6 @@ TEST_F(ErrorTest, FilesAndBundlesThatCannotBeUsedExitWithOne)
 	std::filesystem::create_directories(path("Fake.vst3/Contents/x86_64-linux"));
 	writeText(path("Fake.vst3/Contents/x86_64-linux/Fake.so"), "not a shared library");
 	before = folderContents();
-	const std::vector<std::string> in = {"--in", "sine.wav", "--out", "out.wav"};
-	const auto with = [&](std::vector<std::string> more) {
-		more.insert(more.begin(), in.begin(), in.end());
-		return more;
-	};
 	const std::pair<std::vector<std::string>, const char*> cases[] = {
 	    {{"--in", "missing.wav", "--out", "out.wav"}, "cannot read input 'missing.wav'"},
 	    {{"--in", "notes.txt", "--out", "out.wav"}, "cannot read input 'notes.txt'"},

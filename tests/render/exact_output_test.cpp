@@ -63,64 +63,41 @@ void referenceRender(const std::string& in, const std::string& out, int outForma
 
 TEST_F(RenderTest, OutputIsExactlyThatOfAOneBlockAtATimeLoop)
 {
-	struct Case
+	const int wav16 = SF_FORMAT_WAV | SF_FORMAT_PCM_16, wav24 = SF_FORMAT_WAV | SF_FORMAT_PCM_24;
+	const int wavFloat = SF_FORMAT_WAV | SF_FORMAT_FLOAT,
+	          flac24 = SF_FORMAT_FLAC | SF_FORMAT_PCM_24;
+	const int aiff16 = SF_FORMAT_AIFF | SF_FORMAT_PCM_16;
+	const struct
 	{
-		int channels;
-		int inFormat;
-		std::int64_t frames;
+		int channels, inFormat, frames;
 		const char* out;
-		int outFormat;
-		int block;
-		std::vector<std::string> pan;
-		PanCurve curve;
+		int outFormat, block;
+		double from, to; // a sweep, or a constant pan when equal
+		std::vector<std::string> more;
+	} cases[] = {
+	    {1, wav16, 100003, "a.wav", wavFloat, 512, -90, 90, {}},
+	    {2, wav24, 70001, "b.flac", flac24, 333, 90, -60, {}},
+	    {3, aiff16, 50000, "c.wav", wav16, 1000, -80, -80, {"--encoding", "pcm16"}},
+	    {1, wavFloat, 80000, "d.wav", wavFloat, 65536, 35, 35, {}},
+	    {1, wav16, 9000, "e.wav", wavFloat, 1, -30, 30, {}},
 	};
-	const int wav16 = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
-	const int wavFloat = SF_FORMAT_WAV | SF_FORMAT_FLOAT;
-	const Case cases[] = {
-	    {1,
-	     wav16,
-	     100003,
-	     "a.wav",
-	     wavFloat,
-	     512,
-	     {"--sweep", "-90:90"},
-	     PanCurve::line(-90, 90, 100003 / 48000.0)},
-	    {2,
-	     SF_FORMAT_WAV | SF_FORMAT_PCM_24,
-	     70001,
-	     "b.flac",
-	     SF_FORMAT_FLAC | SF_FORMAT_PCM_24,
-	     333,
-	     {"--sweep", "90:-60"},
-	     PanCurve::line(90, -60, 70001 / 48000.0)},
-	    {3,
-	     SF_FORMAT_AIFF | SF_FORMAT_PCM_16,
-	     50000,
-	     "c.wav",
-	     wav16,
-	     1000,
-	     {"--pan", "-80", "--encoding", "pcm16"},
-	     PanCurve::constant(-80)},
-	    {1, wavFloat, 80000, "d.wav", wavFloat, 65536, {"--pan", "35"}, PanCurve::constant(35)},
-	    {1,
-	     wav16,
-	     9000,
-	     "e.wav",
-	     wavFloat,
-	     1,
-	     {"--sweep", "-30:30"},
-	     PanCurve::line(-30, 30, 9000 / 48000.0)},
-	};
-	for (const Case& c : cases)
+	for (const auto& c : cases)
 	{
 		SCOPED_TRACE(c.out);
 		writeSine(path("in"), c.frames, 48000, 441.0, 0.9, c.channels, c.inFormat, -0.7);
+		const auto degrees = [](double d) { return std::to_string(static_cast<int>(d)); };
 		std::vector<std::string> args = {
 		    "-q", "--in", "in", "--out", c.out, "--block", std::to_string(c.block)};
-		args.insert(args.end(), c.pan.begin(), c.pan.end());
+		if (c.from == c.to)
+			args.insert(args.end(), {"--pan", degrees(c.from)});
+		else
+			args.insert(args.end(), {"--sweep", degrees(c.from) + ":" + degrees(c.to)});
+		args.insert(args.end(), c.more.begin(), c.more.end());
 		const RenderRun run = render(args);
 		ASSERT_EQ(run.status, 0) << run.err;
-		referenceRender(path("in"), path("reference"), c.outFormat, c.block, c.curve);
+		referenceRender(path("in"), path("reference"), c.outFormat, c.block,
+		                c.from == c.to ? PanCurve::constant(c.from)
+		                               : PanCurve::line(c.from, c.to, c.frames / 48000.0));
 		const std::string rendered = readBytes(path(c.out));
 		EXPECT_GT(rendered.size(), static_cast<std::size_t>(c.frames));
 		EXPECT_TRUE(rendered == readBytes(path("reference")));

@@ -1,4 +1,5 @@
 #include "render/render_runner.h"
+#include "render/sound_files.h"
 
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -9,8 +10,6 @@
 #include <csignal>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 namespace velora_test {
 namespace {
@@ -19,14 +18,6 @@ std::string tool()
 {
 	const char* path = std::getenv("VELORA_RENDER");
 	return path ? path : "";
-}
-
-std::string slurp(const std::string& path)
-{
-	std::ifstream in(path);
-	std::stringstream text;
-	text << in.rdbuf();
-	return text.str();
 }
 
 } // namespace
@@ -106,8 +97,8 @@ RenderRun RenderTest::finish(int pid) const
 		return run;
 	run.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 	run.maxRssKb = usage.ru_maxrss;
-	run.out = slurp(folder + "/.stdout");
-	run.err = slurp(folder + "/.stderr");
+	run.out = readBytes(folder + "/.stdout");
+	run.err = readBytes(folder + "/.stderr");
 	std::filesystem::remove(folder + "/.stdout");
 	std::filesystem::remove(folder + "/.stderr");
 	return run;
