@@ -11,10 +11,9 @@ namespace velora_test {
 
 struct RenderRun
 {
-	int status = -1;   // exit status, or 128 + signal
-	std::string out;   // standard output (the report)
-	std::string err;   // standard error (notices and errors)
-	long maxRssKb = 0; // the child's peak resident memory
+	int status = -1; // exit status, or 128 + signal
+	std::string out; // standard output (the report)
+	std::string err; // standard error (notices and errors)
 };
 
 class RenderTest : public ::testing::Test

@@ -44,9 +44,6 @@ Sound readSound(const std::string& path)
 	EXPECT_NE(file, nullptr) << path << ": " << sf_strerror(nullptr);
 	if (!file)
 		return sound;
-	sound.sampleRate = info.samplerate;
-	sound.channels = info.channels;
-	sound.format = info.format;
 	std::vector<float> all(static_cast<std::size_t>(info.frames * info.channels));
 	const sf_count_t got = sf_readf_float(file, all.data(), info.frames);
 	sf_close(file);

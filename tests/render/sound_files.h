@@ -11,9 +11,6 @@ namespace velora_test {
 
 struct Sound
 {
-	int sampleRate = 0;
-	int channels = 0;
-	int format = 0;
 	std::vector<float> left;  // channel 0
 	std::vector<float> right; // channel 1 (empty for mono)
 };

@@ -1,6 +1,5 @@
-// Arbitrary bytes as a typed number, as a number read as sscanf reads it, as
-// free text holding a number, as a number to print, and as a numeric text file: the first line is
-// the layout, the rest the file's contents.
+// Arbitrary bytes as typed and scanned numbers, free text holding a number, a
+// number to print, and a numeric text file (first line the layout).
 #include "osi/text/osidecimalnumber.h"
 #include "osi/text/osinumbertostring.h"
 #include "osi/text/osiparsenumber.h"
@@ -36,11 +35,6 @@ const std::string& scratchFile()
 		return std::string(pattern);
 	}();
 	return path;
-}
-
-void removeScratchFile()
-{
-	std::remove(scratchFile().c_str());
 }
 
 void fuzzNumbers(const std::string& text)
@@ -125,7 +119,7 @@ void fuzzTextInput(const std::string& bytes)
 
 extern "C" int LLVMFuzzerInitialize(int*, char***)
 {
-	std::atexit(removeScratchFile);
+	std::atexit([] { std::remove(scratchFile().c_str()); });
 	return 0;
 }
 
