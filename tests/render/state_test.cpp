@@ -39,8 +39,6 @@ TEST_F(StateTest, SavedAndRestoredAngles)
 {
 	const std::string record = saveAt("-45", "left.state");
 	ASSERT_EQ(record.size(), kRecordBytes);
-	EXPECT_EQ(record.substr(4, 26), std::string("VstStructuredFileRelative\0", 26));
-	EXPECT_EQ(record.substr(50, 9), std::string("NxVelora\0", 9));
 	EXPECT_EQ(storedValue(record), 0.25);
 	struct Case
 	{
