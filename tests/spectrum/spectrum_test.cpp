@@ -39,7 +39,8 @@ protected:
 	}
 	void TearDown() override { std::filesystem::remove_all(folder); }
 
-	// A file of `frames` frames.
+	// A file of `frames` frames written a second at a time: the memory test's
+	// child would otherwise inherit the whole file's samples.
 	std::string write(const std::string& name, std::int64_t frames, int rate, int channels,
 	                  const Signal& signal, int format = SF_FORMAT_WAV | SF_FORMAT_FLOAT)
 	{
@@ -47,11 +48,18 @@ protected:
 		SF_INFO info = {0, rate, channels, format, 0, 0};
 		SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
 		EXPECT_NE(file, nullptr) << sf_strerror(nullptr);
-		std::vector<float> samples;
-		for (std::int64_t i = 0; i < frames; ++i)
+		std::vector<float> block; // a second at a time
+		for (std::int64_t i = 0; file && i < frames; ++i)
+		{
 			for (int c = 0; c < channels; ++c)
-				samples.push_back(static_cast<float>(signal(i, c)));
-		EXPECT_EQ(sf_writef_float(file, samples.data(), frames), frames);
+				block.push_back(static_cast<float>(signal(i, c)));
+			const auto n = static_cast<sf_count_t>(block.size());
+			if (i + 1 == frames || n == rate * channels)
+			{
+				EXPECT_EQ(sf_write_float(file, block.data(), n), n);
+				block.clear();
+			}
+		}
 		sf_close(file);
 		return path;
 	}
