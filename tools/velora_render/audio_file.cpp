@@ -140,7 +140,6 @@ void OutputFile::write(const float* stereo, int frames)
 {
 	if (sf_writef_float(file, stereo, frames) != frames)
 		fail();
-	pending.startWriteback();
 }
 
 void OutputFile::commit()

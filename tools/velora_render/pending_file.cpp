@@ -2,7 +2,6 @@
 
 #include "failure.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -79,13 +78,6 @@ void PendingFile::write(const void* data, std::size_t size)
 		bytes += written;
 		size -= static_cast<std::size_t>(written);
 	}
-}
-
-void PendingFile::startWriteback()
-{
-	// Only a hint: a file system that cannot do it still gets the full flush
-	// on commit, so a refusal is not an error.
-	sync_file_range(fd, 0, 0, SYNC_FILE_RANGE_WRITE);
 }
 
 void PendingFile::commit()

@@ -24,10 +24,6 @@ public:
 
 	// Writes all of `size` bytes at the current position.
 	void write(const void* data, std::size_t size);
-	// Asks the system to start putting what is written so far on the disk,
-	// without waiting for it, so that the disk works while the caller goes on
-	// and the flush on commit has little left to do.
-	void startWriteback();
 	// Flushes the data to disk, closes it and renames it over the target.
 	void commit();
 
