@@ -1,8 +1,6 @@
 #include "vgui/vguidatacursor.h"
 
-#include "vgui/vguigfxpolyline.h"
 #include "vgui/vguigraph.h"
-#include "vgui/vguigraphcursorcolour.h"
 
 VGuiDataCursor::VGuiDataCursor(VGuiGraph* graph, bool interpolate, bool crossHairs)
 : VGuiDataCursorBase(graph, interpolate),
@@ -36,7 +34,5 @@ void VGuiDataCursor::realizeCrossHairs(const VGuiPoint& p)
 	const VGuiPoint across[2] = {{area.left, p.y}, {area.right, p.y}};
 	const VGuiPoint down[2] = {{p.x, area.top}, {p.x, area.bottom}};
 	for (const VGuiPoint* line : {across, down})
-		group.append(new VGuiGfxPolyline(line, 2, VGuiGraphCursorColour::Colour,
-		                                 VGuiColour(0, 0, 0, 0),
-		                                 VSTGUI::CLineStyle(VSTGUI::kLineSolid), 1.0));
+		appendCursorLine(line, 2);
 }

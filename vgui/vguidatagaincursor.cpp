@@ -1,10 +1,8 @@
 #include "vgui/vguidatagaincursor.h"
 
 #include "vgui/vguiaxisratio.h"
-#include "vgui/vguigfxpolyline.h"
 #include "vgui/vguigraph.h"
 #include "vgui/vguigraphcontrol.h"
-#include "vgui/vguigraphcursorcolour.h"
 #include "vgui/vguiparametricfiltersection.h"
 
 #include <algorithm>
@@ -134,9 +132,7 @@ void VGuiDataGainCursor::realize(VSTGUI::CDrawContext*)
 		                           {end.x - half, end.y},        {end.x + half, end.y},
 		                           {end.x + half, end.y - tick}, {end.x + half, end.y + tick},
 		                           {end.x + half, end.y},        {end.x - half, end.y}};
-		group.append(new VGuiGfxPolyline(band, 8, VGuiGraphCursorColour::Colour,
-		                                 VGuiColour(0, 0, 0, 0),
-		                                 VSTGUI::CLineStyle(VSTGUI::kLineSolid), 1.0));
+		appendCursorLine(band, 8);
 		realizeCross(start);
 	}
 	group.findExtent();

@@ -1,10 +1,8 @@
 #include "vgui/vguidatashelvingcursor.h"
 
 #include "vgui/vguiaxisratio.h"
-#include "vgui/vguigfxpolyline.h"
 #include "vgui/vguigraph.h"
 #include "vgui/vguigraphcontrol.h"
-#include "vgui/vguigraphcursorcolour.h"
 #include "vgui/vguishelvingfiltersection.h"
 
 #include <algorithm>
@@ -82,9 +80,7 @@ void VGuiDataShelvingCursor::realize(VSTGUI::CDrawContext*)
 		const VGuiPoint mark[7] = {
 		    {level, start.y - tick}, {level, start.y + tick}, {level, start.y},     start,
 		    {shelf, end.y},          {shelf, end.y - tick},   {shelf, end.y + tick}};
-		group.append(new VGuiGfxPolyline(mark, 7, VGuiGraphCursorColour::Colour,
-		                                 VGuiColour(0, 0, 0, 0),
-		                                 VSTGUI::CLineStyle(VSTGUI::kLineSolid), 1.0));
+		appendCursorLine(mark, 7);
 		realizeCross(start);
 	}
 	group.findExtent();

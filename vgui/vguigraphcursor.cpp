@@ -158,8 +158,7 @@ void VGuiGraphCursor::realizeDragLine()
 	if (shown && dragging)
 	{
 		const VGuiPoint points[2] = {start, end};
-		group.append(new VGuiGfxPolyline(points, 2, VGuiGraphCursorColour::Colour, noFill,
-		                                 VSTGUI::CLineStyle(VSTGUI::kLineSolid), 1.0));
+		appendCursorLine(points, 2);
 		realizeCross(start);
 	}
 	group.findExtent();
@@ -175,6 +174,11 @@ void VGuiGraphCursor::realizeCross(const VGuiPoint& p)
 {
 	const double s = tickSize();
 	const VGuiPoint cross[5] = {{p.x - s, p.y}, {p.x + s, p.y}, p, {p.x, p.y - s}, {p.x, p.y + s}};
-	group.append(new VGuiGfxPolyline(cross, 5, VGuiGraphCursorColour::Colour, noFill,
+	appendCursorLine(cross, 5);
+}
+
+void VGuiGraphCursor::appendCursorLine(const VGuiPoint* points, int count)
+{
+	group.append(new VGuiGfxPolyline(points, count, VGuiGraphCursorColour::Colour, noFill,
 	                                 VSTGUI::CLineStyle(VSTGUI::kLineSolid), 1.0));
 }

@@ -69,6 +69,9 @@ protected:
 	void realizeDragLine();
 	// Appends a cross centred on p (tickSize() each way) to the group.
 	void realizeCross(const VGuiPoint& p);
+	// Appends an open line through the points to the group, in the cursor
+	// colour, one pixel wide: what every cursor draws its marks with.
+	void appendCursorLine(const VGuiPoint* points, int count);
 	// 6 points in whole pixels.
 	static double tickSize();
 

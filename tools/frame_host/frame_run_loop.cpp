@@ -13,6 +13,19 @@ bool isRegistered(const Entries& entries, Handler* handler)
 	return std::any_of(entries.begin(), entries.end(),
 	                   [&](const auto& entry) { return entry.handler == handler; });
 }
+
+// Drops the handler's entry and the reference taken when it was registered.
+template <typename Entries, typename Handler>
+Steinberg::tresult unregister(Entries& entries, Handler* handler)
+{
+	const auto it = std::find_if(entries.begin(), entries.end(),
+	                             [&](const auto& entry) { return entry.handler == handler; });
+	if (it == entries.end())
+		return Steinberg::kResultFalse;
+	handler->release();
+	entries.erase(it);
+	return Steinberg::kResultTrue;
+}
 } // namespace
 
 FrameRunLoop::FrameRunLoop(){FUNKNOWN_CTOR}
@@ -51,13 +64,7 @@ tresult PLUGIN_API FrameRunLoop::registerEventHandler(Linux::IEventHandler* hand
 
 tresult PLUGIN_API FrameRunLoop::unregisterEventHandler(Linux::IEventHandler* handler)
 {
-	const auto it = std::find_if(events.begin(), events.end(),
-	                             [&](const Event& e) { return e.handler == handler; });
-	if (it == events.end())
-		return kResultFalse;
-	handler->release();
-	events.erase(it);
-	return kResultTrue;
+	return unregister(events, handler);
 }
 
 tresult PLUGIN_API FrameRunLoop::registerTimer(Linux::ITimerHandler* handler,
@@ -70,13 +77,7 @@ tresult PLUGIN_API FrameRunLoop::registerTimer(Linux::ITimerHandler* handler,
 
 tresult PLUGIN_API FrameRunLoop::unregisterTimer(Linux::ITimerHandler* handler)
 {
-	const auto it = std::find_if(timers.begin(), timers.end(),
-	                             [&](const Timer& t) { return t.handler == handler; });
-	if (it == timers.end())
-		return kResultFalse;
-	handler->release();
-	timers.erase(it);
-	return kResultTrue;
+	return unregister(timers, handler);
 }
 
 void FrameRunLoop::tick()
