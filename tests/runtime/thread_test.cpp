@@ -4,26 +4,32 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <cstdio>
 #include <string>
 #include <vector>
 
 namespace {
 
-struct Seen
+// What a thread saw of itself; with exitThrough set, it ends through exit() with
+// another value than it would return.
+struct Seen : OsiReferenceCount
 {
 	unsigned int argumentNumber = 0;
 	unsigned int ownNumber = 0;
 	bool onMainThread = true;
+	long references = 0;
+	OsdThread* exitThrough = nullptr;
 };
 
 unsigned int recordNumbers(void* argument, unsigned int number)
 {
-	auto* seen = static_cast<Seen*>(argument);
+	auto* seen = static_cast<Seen*>(static_cast<OsiReferenceCount*>(argument));
 	seen->argumentNumber = number;
 	seen->ownNumber = OsdThread::currentThreadNumber();
 	seen->onMainThread = OsdThread::isMainThread();
+	seen->references = seen->referenceCount();
+	if (seen->exitThrough)
+		seen->exitThrough->exit(number * 10 + 1);
 	return number * 10;
 }
 
@@ -34,14 +40,15 @@ std::string line(const char* format, unsigned int number)
 	return text;
 }
 
-TEST(Thread, ThreadsAreNumberedAndJoinedWithTheirMessages)
+TEST(Thread, ThreadsAreNumberedHoldTheirArgumentAndJoinWithTheirMessages)
 {
 	constexpr int count = 3;
-	std::vector<Seen> seen(count);
+	Seen seen[count];
 	std::vector<OsdThread> threads(count);
+	seen[count - 1].exitThrough = &threads[count - 1];
 	testing::internal::CaptureStdout();
 	for (int i = 0; i < count; ++i)
-		ASSERT_TRUE(threads[i].open(recordNumbers, static_cast<void*>(&seen[i])));
+		ASSERT_TRUE(threads[i].open(recordNumbers, &seen[i]));
 	for (OsdThread& thread : threads)
 		thread.waitForThreadClosure();
 	const std::string output = testing::internal::GetCapturedStdout();
@@ -54,7 +61,10 @@ TEST(Thread, ThreadsAreNumberedAndJoinedWithTheirMessages)
 		EXPECT_EQ(seen[i].ownNumber, number);
 		EXPECT_FALSE(seen[i].onMainThread);
 		EXPECT_FALSE(threads[i].isRunning());
-		EXPECT_EQ(threads[i].exitValue(), number * 10);
+		EXPECT_EQ(threads[i].exitValue(), number * 10 + (seen[i].exitThrough ? 1 : 0));
+		EXPECT_EQ(seen[i].references, 2);
+		EXPECT_EQ(seen[i].referenceCount(), 1);
+		EXPECT_EQ(threads[i].referenceCount(), 1);
 		// The thread's start and end come before the end of the join.
 		size_t previous = 0;
 		for (const char* format :
@@ -82,46 +92,6 @@ unsigned int waitForSignal(void* semaphore, unsigned int)
 	return 0;
 }
 
-TEST(Thread, OpenRefusesNullFunctionOrArgumentAndASecondStart)
-{
-	OsdThread thread;
-	int value = 0;
-	EXPECT_FALSE(thread.open(nullptr, static_cast<void*>(&value)));
-	EXPECT_FALSE(thread.open(doNothing, static_cast<void*>(nullptr)));
-	EXPECT_FALSE(thread.isRunning());
-
-	OsdSemaphore release("release", 0, 1);
-	ASSERT_TRUE(thread.open(waitForSignal, static_cast<void*>(&release)));
-	const unsigned int number = thread.threadNumber();
-	// Refused while running: the result is the running flag, no new number.
-	EXPECT_TRUE(thread.open(doNothing, static_cast<void*>(&value)));
-	EXPECT_EQ(thread.threadNumber(), number);
-	release.signal(1);
-	thread.waitForThreadClosure();
-	EXPECT_FALSE(thread.isRunning());
-}
-
-class Counted : public OsiReferenceCount
-{
-public:
-	std::atomic<long> seenInThread{0};
-};
-
-TEST(Thread, ThreadHoldsItsArgumentAndItselfWhileItRuns)
-{
-	Counted argument;
-	OsdThread thread;
-	auto countReferences = [](void* self, unsigned int) -> unsigned int {
-		static_cast<Counted*>(self)->seenInThread = static_cast<Counted*>(self)->referenceCount();
-		return 0;
-	};
-	ASSERT_TRUE(thread.open(countReferences, &argument));
-	thread.waitForThreadClosure();
-	EXPECT_EQ(argument.seenInThread, 2);
-	EXPECT_EQ(argument.referenceCount(), 1);
-	EXPECT_EQ(thread.referenceCount(), 1);
-}
-
 // Signalled when a watched thread object is destroyed.
 OsdSemaphore threadGone("gone", 0, 1);
 
@@ -131,34 +101,23 @@ public:
 	~WatchedThread() override { threadGone.signal(1); }
 };
 
-TEST(Thread, ThreadOutlivesItsOwnersReferenceAndDeletesItself)
+TEST(Thread, OpenRefusesBadArgumentsAndASecondStartAndTheThreadOutlivesItsOwner)
 {
+	int value = 0;
 	OsdSemaphore start("start", 0, 1);
 	auto* thread = new WatchedThread;
+	EXPECT_FALSE(thread->open(nullptr, static_cast<void*>(&value)));
+	EXPECT_FALSE(thread->open(doNothing, static_cast<void*>(nullptr)));
+	EXPECT_FALSE(thread->isRunning());
 	ASSERT_TRUE(thread->open(waitForSignal, static_cast<void*>(&start)));
+	const unsigned int number = thread->threadNumber();
+	// Refused while running: the result is the running flag, no new number.
+	EXPECT_TRUE(thread->open(doNothing, static_cast<void*>(&value)));
+	EXPECT_EQ(thread->threadNumber(), number);
 	thread->release(); // the thread's own reference keeps it alive
 	EXPECT_EQ(threadGone.count(), 0);
 	start.signal(1);
 	EXPECT_EQ(threadGone.waitOnSemaphore(OsdInfiniteWait), 0);
-}
-
-unsigned int exitEarly(void* argument, unsigned int)
-{
-	static_cast<OsdThread*>(argument)->exit(42);
-	return 7; // never reached
-}
-
-TEST(Thread, ExitEndsTheThreadWithItsValue)
-{
-	OsdThread thread;
-	testing::internal::CaptureStdout();
-	ASSERT_TRUE(thread.open(exitEarly, static_cast<void*>(&thread)));
-	thread.waitForThreadClosure();
-	const std::string output = testing::internal::GetCapturedStdout();
-	EXPECT_EQ(thread.exitValue(), 42u);
-	EXPECT_NE(output.find(line("*** End thread %d\n", thread.threadNumber())), std::string::npos)
-	    << output;
-	EXPECT_EQ(thread.referenceCount(), 1);
 }
 
 } // namespace
