@@ -117,12 +117,23 @@ public:
 	int classVersion() const override { return 1; }
 };
 
-TEST(Module, TheChildCreatesClassesRegisteredInItsParent)
+int yields = 0;
+
+void countYield()
+{
+	++yields;
+}
+
+// Interface objects of the child: its registry, and a handler of its yield procedure.
+TEST(Module, TheChildCreatesThroughItsParentAndIsReachedThroughInterfaceObjects)
 {
 	OsiClassOf<ParentMade> parentOnly("ParentOnly", 1);
 	OsiModule module(testModule);
-	ProbeOf probe(module);
-	ASSERT_NE(probe.probe, nullptr);
+	auto* registry = static_cast<OsiProtectedClassRegistry*>(
+	    static_cast<MdlInterface*>(module.create("MdlClassRegistry", 1)));
+	ASSERT_NE(registry, nullptr);
+	auto* probe = static_cast<VeloraTestProbe*>(registry->create("VeloraTestProbe", 1));
+	ASSERT_NE(probe, nullptr);
 	EXPECT_TRUE(probe->hasParent());
 	auto* object = static_cast<MdlInterface*>(probe->createOnParent("ParentOnly", 1));
 	ASSERT_NE(object, nullptr);
@@ -131,47 +142,6 @@ TEST(Module, TheChildCreatesClassesRegisteredInItsParent)
 	EXPECT_EQ(probe->createOnParent("ParentOnly", 2), nullptr);
 	// The parent sees none of the child's classes in its own registry.
 	EXPECT_EQ(OsiClassRegistry::create("VeloraTestProbe", 1), nullptr);
-}
-
-int yields = 0;
-
-void countYield()
-{
-	++yields;
-}
-
-TEST(Module, AYieldHandlerSetsTheYieldProcedureOfItsModule)
-{
-	OsiModule module(testModule);
-	auto* handler = static_cast<OsiYieldHandler*>(
-	    static_cast<MdlInterface*>(module.create("MdlYieldHandler", 1)));
-	ASSERT_NE(handler, nullptr);
-	EXPECT_EQ(module.moduleInstance()->referenceCount(), 2) << "the handler holds the instance";
-
-	yields = 0;
-	handler->setYieldProc(countYield);
-	ProbeOf probe(module);
-	probe->callYield();
-	EXPECT_EQ(yields, 1);
-	osiYield(); // this program's own procedure is another one, not set
-	handler->setYieldProc(nullptr);
-	probe->callYield();
-	EXPECT_EQ(yields, 1);
-
-	mdlRelease(handler);
-	EXPECT_EQ(module.moduleInstance()->referenceCount(), 1);
-}
-
-TEST(Module, TheChildsRegistryIsReachableThroughAnInterfaceObject)
-{
-	OsiModule module(testModule);
-	auto* registry = static_cast<OsiProtectedClassRegistry*>(
-	    static_cast<MdlInterface*>(module.create("MdlClassRegistry", 1)));
-	ASSERT_NE(registry, nullptr);
-	auto* probe = static_cast<VeloraTestProbe*>(registry->create("VeloraTestProbe", 1));
-	ASSERT_NE(probe, nullptr);
-	EXPECT_TRUE(probe->hasParent());
-	mdlRelease(probe);
 	const MdlClass* found = registry->forAllNamedClassesDo(
 	    "VeloraTestProbe", [](const MdlClass*, void*) { return true; }, nullptr);
 	ASSERT_NE(found, nullptr);
@@ -181,6 +151,22 @@ TEST(Module, TheChildsRegistryIsReachableThroughAnInterfaceObject)
 	    [](const MdlClass*, void* n) { return ++*static_cast<int*>(n), false; }, &classes);
 	EXPECT_EQ(classes, 4); // the probe, the closing notice, the registry, the yield handler
 	mdlRelease(registry);
+
+	auto* handler = static_cast<OsiYieldHandler*>(
+	    static_cast<MdlInterface*>(module.create("MdlYieldHandler", 1)));
+	ASSERT_NE(handler, nullptr);
+	EXPECT_EQ(module.moduleInstance()->referenceCount(), 2) << "the handler holds the instance";
+	yields = 0;
+	handler->setYieldProc(countYield);
+	probe->callYield();
+	EXPECT_EQ(yields, 1);
+	osiYield(); // this program's own procedure is another one, not set
+	handler->setYieldProc(nullptr);
+	probe->callYield();
+	EXPECT_EQ(yields, 1);
+	mdlRelease(handler);
+	EXPECT_EQ(module.moduleInstance()->referenceCount(), 1);
+	mdlRelease(probe);
 }
 
 TEST(Module, LocalHandlersStandForTheRunningModule)

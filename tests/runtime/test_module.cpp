@@ -21,7 +21,6 @@ public:
 	}
 	bool hasParent() override { return OsiParentModule().isValid(); }
 	const char* registeredPath() override { return modulePath(); }
-	void* moduleHandle() override { return handleInstance(); }
 	void callYield() override { osiYield(); }
 };
 

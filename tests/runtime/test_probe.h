@@ -12,8 +12,6 @@ public:
 	virtual bool hasParent() = 0;
 	// The path the parent registered with the module.
 	virtual const char* registeredPath() = 0;
-	// The loader's handle of the module, as the module finds it itself.
-	virtual void* moduleHandle() = 0;
 	// Calls the module's yield procedure.
 	virtual void callYield() = 0;
 };
