@@ -12,6 +12,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace velora_test {
 namespace {
 
@@ -64,16 +66,18 @@ TEST(GraphControl, GraphsShareTheGlobalPropertiesUntilTheyAreReset)
 	VGuiGlobalGraphProperties::instance(nullptr);
 }
 
-TEST(GraphControl, ResizesItsGraphOnlyWhileVisible)
+TEST(GraphControl, ResizesItsGraphOnlyWhileVisibleAndNotTransparent)
 {
 	OffscreenCanvas init(1, 1);
-	for (const bool visible : {true, false})
+	for (const auto& [visible, alpha, resized] :
+	     {std::tuple{true, 1.0f, true}, {false, 1.0f, false}, {true, 0.0f, false}})
 	{
 		VGuiGraphControl control(VSTGUI::CRect(0, 0, 300, 200), nullptr, 0, nullptr);
 		control.create(VGuiGraphControlTypeInfo(0, 0, "", ""), 1, 0, 1, 0, 1, 0);
 		control.setVisible(visible);
+		control.setAlphaValue(alpha);
 		control.setViewSize(VSTGUI::CRect(0, 0, 250, 150));
-		EXPECT_EQ(control.graph()->extent().right, visible ? 250.0 : 300.0);
+		EXPECT_EQ(control.graph()->extent().right, resized ? 250.0 : 300.0);
 	}
 }
 
