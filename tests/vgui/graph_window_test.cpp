@@ -461,7 +461,7 @@ TEST_P(GraphWindowDataCursor, SnapsToTheDataOrInterpolatesOnTheLine)
 	const DataCase c = GetParam();
 	GraphWindow w;
 	w.show(parabola(7));
-	w.use(new VGuiConstrainedDataCursor(w.graph(), c.interpolate, true, c.mode));
+	auto* cursor = w.use(new VGuiConstrainedDataCursor(w.graph(), c.interpolate, true, c.mode));
 	w.dragFromTo(w.where(90.0, 50.0), w.where(c.x, 50.0), false, [&] {
 		if (c.mode != VGuiConstrainNone)
 			return;
@@ -476,6 +476,7 @@ TEST_P(GraphWindowDataCursor, SnapsToTheDataOrInterpolatesOnTheLine)
 	EXPECT_EQ(w.listener.ids.back(), 7);
 	EXPECT_NEAR(w.listener.points.back().x, c.expectedX, c.tolerance);
 	EXPECT_NEAR(w.listener.points.back().y, c.expectedY, c.tolerance);
+	EXPECT_EQ(cursor->focusId(), 7);
 }
 
 constexpr VGuiConstrainedDataCursorMode free = VGuiConstrainNone;
