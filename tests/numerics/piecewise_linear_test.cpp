@@ -48,15 +48,8 @@ Source handWorkedCase()
 
 TEST(PiecewiseLinearFitter, SolvesTheNormalEquationsWithItsEliminationRule)
 {
-	// Interval 0 holds x = 0, 0.5 (beta 0, 1/2); interval 1 holds x = 1, 1.25,
-	// 1.5, 1.75 (beta 0, 1/4, 1/2, 3/4). Rows (diag, super, rhs):
-	//   row 0: A0 = 5/4, C0 = 1/4, D0 = 2
-	//   row 1: A1 + B1 = 15/8 + 1/4, C1 = 5/8, D1 + E1 = 5 + 1
-	//   row 2: B2 = 7/8, C1 = 5/8, E2 = 1
-	// Each diagonal loses the previous super-diagonal: row 1 (factor -1/5)
-	// becomes (15/8, 28/5), row 2 (factor -1/3) becomes (1/4, -13/15).
-	// Back substitution: Y2 = -52/15, Y1 = 932/225, Y0 = 868/1125.
-	// (Textbook elimination would give the least-squares line 1, 3, -1.)
+	// Each row's diagonal loses the previous super-diagonal before back
+	// substitution (textbook elimination would give the line 1, 3, -1).
 	Source source = handWorkedCase();
 	OsiPiecewiseLinearFitter fitter;
 	ASSERT_TRUE(
