@@ -108,26 +108,23 @@ TEST(FittedSpline, WithoutPenaltyItIsGslsLinearLeastSquares)
 	Points knots{{0.0, 1.5, 3.0, 5.0, 6.0, 8.5, 10.0}, std::vector<double>(7, 0.0)};
 	for (OsiCubicSplineType type : {OsiCubicSplineNatural, OsiCubicSplineFlatEnds})
 	{
-		gsl_matrix* columns = gsl_matrix_alloc(60, 7);
-		gsl_matrix* covariance = gsl_matrix_alloc(7, 7);
-		gsl_vector* best = gsl_vector_alloc(7);
-		gsl_multifit_linear_workspace* work = gsl_multifit_linear_alloc(60, 7);
+		std::vector<double> columns(60 * 7), covariance(7 * 7), best(7);
 		for (size_t i = 0; i < 60; ++i)
 			for (size_t k = 0; k < 7; ++k)
-				gsl_matrix_set(columns, i, k, basis(type, knots, int(k), data.x[i]));
-		gsl_vector_view y = gsl_vector_view_array(data.y.data(), 60);
+				columns[i * 7 + k] = basis(type, knots, int(k), data.x[i]);
+		gsl_matrix_view a = gsl_matrix_view_array(columns.data(), 60, 7),
+		                c = gsl_matrix_view_array(covariance.data(), 7, 7);
+		gsl_vector_view y = gsl_vector_view_array(data.y.data(), 60),
+		                b = gsl_vector_view_array(best.data(), 7);
+		gsl_multifit_linear_workspace* work = gsl_multifit_linear_alloc(60, 7);
 		double chisq = 0;
-		ASSERT_EQ(gsl_multifit_linear(columns, &y.vector, best, covariance, &chisq, work), 0);
+		ASSERT_EQ(gsl_multifit_linear(&a.matrix, &y.vector, &b.vector, &c.matrix, &chisq, work), 0);
+		gsl_multifit_linear_free(work);
 		OsiFittedCubicSpline fitter;
 		ASSERT_TRUE(fit(fitter, data, knots, 0, 0, 1.0, false, type));
 		EXPECT_EQ(fitter.spline().type(), type);
 		for (size_t k = 0; k < 7; ++k)
-			EXPECT_NEAR(fitter.knotOrdinate()[k], gsl_vector_get(best, k), 1e-6)
-			    << type << " " << k;
-		gsl_multifit_linear_free(work);
-		gsl_vector_free(best);
-		gsl_matrix_free(covariance);
-		gsl_matrix_free(columns);
+			EXPECT_NEAR(fitter.knotOrdinate()[k], best[k], 1e-6) << type << " " << k;
 	}
 }
 
