@@ -1,8 +1,5 @@
-// Arbitrary bytes as a structured file read by OsiCubicSplineInterpolator.
-// The first byte chooses how: as a whole file (header included), or as the
-// body of a file whose header is valid, so that most inputs reach the
-// spline's block. Up to four splines are read in a row, and each one read is
-// evaluated.
+// Arbitrary bytes as a structured file, whole or as the body after a valid
+// header (first byte); up to four splines read from it and evaluated.
 #include "osi/numerics/osicubicsplineinterpolator.h"
 #include "persist/osistructuredfile.h"
 
