@@ -66,6 +66,8 @@ TEST(Fraction, TermsFollowTheNormalisationRule)
 {
 	// Sums, differences and construction cancel by the remainder of the larger
 	// term by the smaller; products, quotients and ints do not normalise.
+	// Division by the int zero changes nothing; an int over a fraction is the
+	// fraction over the int; overflow wraps instead of trapping.
 	const struct
 	{
 		OsiFraction f;
@@ -87,11 +89,8 @@ TEST(Fraction, TermsFollowTheNormalisationRule)
 	             {OsiFraction(2, 3) * OsiFraction(3, 4), 6, 12},
 	             {OsiFraction(1, 2) / OsiFraction(-1, 3), 3, -2},
 	             {-(OsiFraction(12) / 8), -3, 2},
-	             // Division by the int zero changes nothing; an int over a
-	             // fraction is the fraction over the int.
 	             {OsiFraction(1, 2) / 0, 1, 2},
 	             {2 / OsiFraction(1, 3), 1, 6},
-	             // Overflow wraps instead of trapping.
 	             {OsiFraction(INT_MAX) * 2, -2, 1},
 	             {OsiFraction(INT_MAX) + 1, INT_MIN, 1}};
 	for (const auto& c : cases)
