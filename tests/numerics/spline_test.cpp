@@ -49,9 +49,8 @@ TEST(NaturalSpline, AgreesWithGslOverDenseSweepsBothWays)
 	{
 		std::vector<double> x, y;
 		randomKnots(random, n, x, y);
-		const OsiSplineVector knots = knotsOf(x, y);
-		OsiSplineVector copy(knots);
-		const OsiCubicSplineInterpolator ours(copy);
+		OsiSplineVector knots = knotsOf(x, y);
+		const OsiCubicSplineInterpolator ours(knots);
 		gsl_spline* gsl = gsl_spline_alloc(gsl_interp_cspline, size_t(n));
 		gsl_interp_accel* accel = gsl_interp_accel_alloc();
 		gsl_spline_init(gsl, x.data(), y.data(), size_t(n));
