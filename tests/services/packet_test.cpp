@@ -1,8 +1,5 @@
-// The transport's side of a connection whose other end the test reads raw:
-// how sent messages are batched into packets (plain brackets are seen by the
-// echo service tests), and the keep-alive ping. What the reader makes of
-// incoming bytes is checked against the same independent decoder by the
-// receive fuzz target and its seeds.
+// Sent messages as packets on a raw socket end, and the keep-alive ping; the
+// receive fuzz target checks the reader against the same decoder.
 #include "osi/services/coipcomms.h"
 #include "services/packet_decoder.h"
 

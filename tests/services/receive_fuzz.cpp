@@ -1,9 +1,7 @@
-// Arbitrary bytes from a peer, fed through a socket pair to the transport's
-// reader in pieces of changing size, and decoded independently from the packet
-// layout. Both must agree on every delivered message (identifier, data,
-// messages left), on the pings answered and on whether the stream was refused
-// or closed by a goodbye; the reader's buffer grows only with the bytes that
-// arrived, and it never reads outside them.
+// Arbitrary bytes from a peer, fed to the transport's reader in pieces of
+// changing size, must give what the independent decoder reads: messages,
+// pings answered, refusal or goodbye; the reader's buffer grows only with
+// the bytes that arrived.
 #include "osi/osd/osdsocket.h"
 #include "osi/services/coipcomms.h"
 #include "services/packet_decoder.h"

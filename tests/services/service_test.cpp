@@ -14,7 +14,6 @@
 
 #include <cerrno>
 #include <chrono>
-#include <ostream>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -103,12 +102,9 @@ TEST_P(EchoService, EchoesEveryLengthUnchangedAndEnds)
 		// arrives now is the end of the connection.
 		ASSERT_EQ(kill(pid, SIGKILL), 0);
 		ASSERT_TRUE(service.waitForInput(30000));
-		int length = 0;
-		void* data = nullptr;
 		if (blocking)
 			service.send(2, 4, "more");
-		else
-			EXPECT_FALSE(service.receive(got.id, length, data, got.remaining));
+		EXPECT_TRUE(blocking || !receiveOne(service, got));
 		EXPECT_TRUE(service.isPeerClosed());
 	}
 	service.close(OsiService::closeWaitMilliseconds);
@@ -206,11 +202,6 @@ struct PortSearch
 	int next;
 };
 
-void PrintTo(const PortSearch& search, std::ostream* out)
-{
-	*out << (search.address ? search.address : "null") << ", " << search.held << " held";
-}
-
 class FindPort : public testing::TestWithParam<PortSearch>
 {};
 
@@ -231,11 +222,11 @@ TEST_P(FindPort, TakesTheFirstFreePortAndMovesTheCounterOn)
 		close(sockets[static_cast<size_t>(i)]);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Service, FindPort,
-    testing::Values(PortSearch{"127.0.0.1", 4, 1, 3, 4},
-                    PortSearch{"127.0.0.1", OsiService::portsTried, 0, -1, OsiService::portsTried},
-                    PortSearch{nullptr, 1, 1, -1, 0}, PortSearch{"localhost:80", 1, 1, -1, 0}));
+INSTANTIATE_TEST_SUITE_P(Service, FindPort,
+                         testing::Values(PortSearch{"127.0.0.1", 4, 1, 3, 4},
+                                         PortSearch{"127.0.0.1", OsiService::portsTried, 0, -1,
+                                                    OsiService::portsTried},
+                                         PortSearch{nullptr, 1, 1, -1, 0}));
 
 TEST(Provider, ABusyPortOrBadArgumentsFailToBind)
 {
