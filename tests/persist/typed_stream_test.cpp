@@ -26,8 +26,7 @@ struct Reader
 	VstFileStream stream;
 };
 
-// The sized types: their entry in the header's size table and their
-// signedness.
+// The sized types: their entry in the header's size table, their signedness.
 const struct
 {
 	TypedStream::DataType type;
@@ -42,8 +41,7 @@ const struct
     {TypedStream::kDouble, 8, true, true},     {TypedStream::kLongDouble, 9, true, true},
     {TypedStream::kLongLong, 10, true, false}, {TypedStream::kSignedWord, 11, true, false}};
 
-// An integer of `width` bytes held in `size` bytes: its low-order bytes,
-// sign- or zero-extended.
+// An integer of `width` bytes in `size` bytes: low-order bytes, sign- or zero-extended.
 uint64_t widened(uint64_t value, size_t width, size_t size, bool isSigned)
 {
 	const auto mask = [](size_t bytes) { return bytes >= 8 ? ~0ull : (1ull << (8 * bytes)) - 1; };

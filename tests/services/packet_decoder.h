@@ -43,9 +43,8 @@ inline std::int64_t field(const std::uint8_t* at)
 
 // A 32-byte header (marker 1, payload length, message count, reserved 0),
 // then messages of a 16-byte header (data length, identifier) and their data.
-// A header that cannot be right, a payload over the limit or messages that do
-// not fill their payload exactly refuse the stream; an incomplete packet ends
-// it.
+// A bad header or messages that do not fill their payload exactly refuse the
+// stream; an incomplete packet ends it.
 inline Outcome decode(const std::uint8_t* bytes, size_t size)
 {
 	const std::int64_t limit = OsiIPCommsBase::defaultMaximumPacketLength;

@@ -126,10 +126,8 @@ INSTANTIATE_TEST_SUITE_P(Transport, Send, testing::ValuesIn(sendings),
 	                         return std::string(info.param.name);
                          });
 
-// With a zero interval every receive is a check: the first pings, each later
-// one finds the ping answered (and pings again) or unanswered, and then the
-// peer is marked closed. That is only a flag: a slow peer's later messages
-// arrive, and its late answer has keep-alive ping it again.
+// With a zero interval every receive pings or, the last ping unanswered, marks
+// the peer closed: only a flag; a slow peer's messages and late answer count.
 TEST(KeepAlive, AnsweredPingsKeepThePeerAliveAndASilentOneIsStillHeard)
 {
 	Connection connection(true);

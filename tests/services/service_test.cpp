@@ -60,11 +60,9 @@ std::string patterned(int length, int seed)
 	return data;
 }
 
-// (blocking, in one bracket): alone, each message comes back in a packet of
-// its own; in one bracket, all come back in one packet. Then the service ends:
-// after a bracket it is closed, which ends the program; otherwise the program
-// is killed, and the next send (blocking) or receive finds the peer closed
-// without a SIGPIPE, and close returns.
+// (blocking, in one bracket): each message comes back in a packet as it went.
+// Then the service is closed, ending the program, or the program is killed and
+// the next send or receive finds the peer closed without a SIGPIPE.
 class EchoService : public testing::TestWithParam<std::tuple<bool, bool>>
 {};
 
@@ -126,9 +124,8 @@ bool note(void* data, void* message)
 	return true;
 }
 
-// Where it connects is printed; notifications carry what arrives to the
-// callback ring (whose order the callback tests check); a program that
-// cannot start fails to connect.
+// Where it connects is printed; notifications carry what arrives; a program
+// that cannot start fails to connect.
 TEST(Service, PrintsWhereItConnectsAndNotifiesEveryMessage)
 {
 	const unsigned short next = OsiService::NextPort.load();
@@ -190,9 +187,8 @@ std::vector<int> occupyFreeRun(unsigned short& first, int count)
 	return {};
 }
 
-// Of a run of held ports from a free start, the last few are let go again:
-// the port found from the run's start on (an offset, or -1 for none), and
-// where the search goes on.
+// Of a run of held ports, the last few let go again: the port found (an offset
+// from the run's start, or -1) and where the search goes on.
 struct PortSearch
 {
 	const char* address;
