@@ -37,10 +37,9 @@ TEST(VGuiColour, ConvertsToBothModels)
 	}
 }
 
-// Stored hue, then as normalised by HSV and by HLS.
-const int kHueCases[][3] = {{720, 0, 0},      {-30, 330, 330}, {361, 1, 1},
-                            {360, 0, 0},      {-720, 0, 0},    {1080, 0, 0},
-                            {4095, 135, 135}, {359, 359, 359}, {4097, 137, 137}};
+// Stored hue, then as normalised by both models.
+const int kHueCases[][2] = {{720, 0},  {-30, 330},  {361, 1},  {360, 0},
+                            {-720, 0}, {4097, 137}, {359, 359}};
 
 TEST(VGuiColour, ToRgbNormalisesTheStoredHue)
 {
@@ -51,7 +50,7 @@ TEST(VGuiColour, ToRgbNormalisesTheStoredHue)
 		EXPECT_EQ(hsv.toRGB(7).alpha, 7);
 		hls.toRGB(7);
 		EXPECT_EQ(hsv.hue, c[1]) << c[0];
-		EXPECT_EQ(hls.hue, c[2]) << c[0];
+		EXPECT_EQ(hls.hue, c[1]) << c[0];
 	}
 	// Greys keep their hue, defined or not.
 	VGuiHsv grey(kUndefined, 200, 90);

