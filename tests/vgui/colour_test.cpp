@@ -69,10 +69,8 @@ int largestError(const VGuiColour& a, const VGuiColour& b)
 	    {std::abs(a.red - b.red), std::abs(a.green - b.green), std::abs(a.blue - b.blue)});
 }
 
-// Every 24-bit colour goes to each model and back. The models keep integer
-// components, so a colour may come back off by a little: by at most 2 through
-// HSV and 3 through HLS (its lightness truncates and its light half divides
-// by 511), the largest errors over all colours.
+// Every 24-bit colour goes to each model and back, off by at most the integer
+// models' largest errors: 2 through HSV, 3 through HLS.
 TEST(VGuiColour, EveryColourSurvivesTheRoundTrips)
 {
 	int hsvError = 0;

@@ -28,7 +28,7 @@ TEST(VGuiGraphPoint, MinimumPositiveOfTakesPositivesOnly)
 	}
 }
 
-TEST(VGuiGraphData, FillsFromAFunctionAndFindsItsExtremes)
+TEST(VGuiGraphData, FillsFromAFunctionFindsItsExtremesAndGrows)
 {
 	const VGuiGraphLineFunction line(-1, 4, 3, -4, 0.5);
 	VGuiGraphData data(5, 7, &line);
@@ -37,6 +37,9 @@ TEST(VGuiGraphData, FillsFromAFunctionAndFindsItsExtremes)
 	EXPECT_EQ(data.maximum(), VGuiGraphPoint(3, 4, 0.5));
 	EXPECT_EQ(data.minimum(), VGuiGraphPoint(-1, -4, 0.5));
 	EXPECT_EQ(data.minimumPositive(-1), VGuiGraphPoint(1, 2, 0.5));
+	data.reSize(13, 10);
+	EXPECT_EQ(data.count(), 13);
+	EXPECT_EQ(data[3], VGuiGraphPoint(2, -2, 0.5)) << "kept on growing";
 
 	// y all zero or negative: the default stands in.
 	const VGuiGraphLineFunction falling(1, 0, 2, -3, 0);
@@ -48,15 +51,6 @@ TEST(VGuiGraphData, FillsFromAFunctionAndFindsItsExtremes)
 	data.size(0);
 	EXPECT_EQ(data.maximum(), VGuiGraphPoint());
 	EXPECT_EQ(data.minimum(), VGuiGraphPoint());
-}
-
-TEST(VGuiGraphData, GrowsAndKeepsItsPoints)
-{
-	const VGuiGraphLineFunction line(0, 0, 3, 3, 0);
-	VGuiGraphData data(4, 1, &line);
-	data.reSize(6, 10);
-	EXPECT_EQ(data.count(), 6);
-	EXPECT_EQ(data[3], VGuiGraphPoint(3, 3, 0));
 }
 
 struct StepCase
