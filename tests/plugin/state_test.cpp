@@ -54,11 +54,9 @@ struct State : ::testing::Test
 		std::memcpy(&v, processorRecord().data() + 102, sizeof v);
 		return v;
 	}
-	void restoreProcessor(const std::vector<uint8_t>& bytes, int64_t start = 0)
+	void restoreProcessor(const std::vector<uint8_t>& bytes)
 	{
-		std::vector<uint8_t> padded(static_cast<size_t>(start), 0x55);
-		padded.insert(padded.end(), bytes.begin(), bytes.end());
-		EXPECT_EQ(host.component()->setState(streamOf(padded, start)), kResultOk);
+		EXPECT_EQ(host.component()->setState(streamOf(bytes)), kResultOk);
 	}
 	void restoreController(const std::vector<uint8_t>& bytes)
 	{
@@ -82,28 +80,6 @@ TEST_F(State, BothSidesWriteTheExactRecordOfTheCurrentValue)
 	stream->seek(33, IBStream::kIBSeekSet, nullptr);
 	EXPECT_EQ(controller->setComponentState(stream), kResultOk);
 	EXPECT_EQ(controller->getParamNormalized(100), normalizedPan(90.0));
-}
-
-TEST_F(State, ControllerRecordRestoresTheProcessorWhichGlidesThere)
-{
-	controller->setParamNormalized(100, normalizedPan(-30));
-	for (int64_t start : {0, 7})
-	{
-		restoreProcessor(controllerRecord(), start);
-		EXPECT_EQ(processorValue(), normalizedPan(-30)) << start;
-	}
-	// The first restore moved the angle from 0 to -30, the second from -30 to -30.
-	const std::vector<float> ones(kBlock, 1.0f);
-	const auto out = host.run(ones);
-	EXPECT_EQ(out.left[0], 1.0f);
-	EXPECT_EQ(out.right[0], 0.0f);
-
-	// From -30 to +30: the next block starts at -30 and glides.
-	controller->setParamNormalized(100, normalizedPan(30));
-	restoreProcessor(controllerRecord());
-	const auto glide = host.run(ones);
-	EXPECT_EQ(glide.left[0], 1.0f);
-	EXPECT_GT(glide.right[kBlock - 1], 0.9f);
 }
 
 // What each side holds after restoring a record over a value of 0.25.
