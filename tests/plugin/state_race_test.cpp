@@ -1,9 +1,7 @@
-// Hosts restore the processor's state on the user-interface thread while
-// process runs on the audio thread. One thread restores records of -20 and
-// +20 degrees in turn, over and over, while another processes blocks of
-// ones: each block must be the one that the angle pair before or after a
-// restore gives, never a mix of two. Under ThreadSanitizer any unsynchronised
-// access between the two threads fails the test as well.
+// Hosts restore state on the user-interface thread while process runs on the
+// audio thread: with records of -20 and +20 degrees restored in turn, every
+// block of ones must be one that an angle pair before or after a restore gives,
+// never a mix (and ThreadSanitizer sees no unsynchronised access).
 #include "nxvelora_processor.h"
 #include "persist/memory_stream.h"
 #include "support/naive_pan.h"
