@@ -5,7 +5,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdio>
 #include <cstdlib>
 
 namespace velora_test {
@@ -34,7 +33,7 @@ ToolProcess::ToolProcess(const std::string& program, const std::vector<std::stri
 		for (const auto& a : args)
 			argv.push_back(const_cast<char*>(a.c_str()));
 		argv.push_back(nullptr);
-		execv(program.c_str(), argv.data());
+		execvp(program.c_str(), argv.data());
 		_exit(127);
 	}
 	close(out[1]);
@@ -94,9 +93,7 @@ int ToolProcess::finish()
 		;
 	while (readMore(errFd, err))
 		;
-	// Standard error still open means the program runs on (its quit never
-	// arrived): waiting for it would hang the test, so it is left to the
-	// destructor.
+	// Standard error still open: the program runs on, left to the destructor.
 	pollfd p{errFd, POLLIN, 0};
 	if (poll(&p, 1, 0) != 1 || !(p.revents & POLLHUP))
 		return -1;
@@ -106,19 +103,6 @@ int ToolProcess::finish()
 	if (done <= 0)
 		return -1;
 	return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-}
-
-std::string shell(const std::string& command)
-{
-	std::string output;
-	if (FILE* pipe = popen(command.c_str(), "r"))
-	{
-		char buffer[256];
-		while (std::fgets(buffer, sizeof buffer, pipe))
-			output += buffer;
-		pclose(pipe);
-	}
-	return output;
 }
 
 } // namespace velora_test

@@ -1,7 +1,5 @@
-// velora-scope or velora-render run as a user runs them: a child process
-// whose standard output is read line by line while it runs. Waits are
-// bounded, so that a program that never answers fails the test instead of
-// hanging it.
+// A tool run as a user runs it, its output read line by line as it comes;
+// waits are bounded, so that a program that never answers fails the test.
 #pragma once
 
 #include <sys/types.h>
@@ -14,7 +12,8 @@ namespace velora_test {
 class ToolProcess
 {
 public:
-	// Starts program with args; without a display, DISPLAY is unset for it.
+	// Starts program (a path, or a name on PATH) with args; without a display,
+	// DISPLAY is unset for it.
 	ToolProcess(const std::string& program, const std::vector<std::string>& args,
 	            bool display = true);
 	~ToolProcess();
@@ -39,8 +38,5 @@ private:
 	std::string pending;
 	std::string err;
 };
-
-// Runs a command line through the shell; its standard output.
-std::string shell(const std::string& command);
 
 } // namespace velora_test

@@ -44,8 +44,7 @@ struct Picture
 	}
 };
 
-// The plot area's black interior, found along the window's middle row and
-// a column a quarter in.
+// The plot area's black interior.
 struct PlotArea
 {
 	int left, right, top, bottom;
@@ -53,8 +52,7 @@ struct PlotArea
 	int y(double fraction) const { return top + static_cast<int>(fraction * (bottom - top)); }
 };
 
-// "Power spectrum", the first trace's colour, and "Filter adjust power
-// spectrum", the gain cursor's preview of it.
+// The colours of "Power spectrum" and "Filter adjust power spectrum".
 constexpr unsigned long kTrace = 0x24F424;
 constexpr unsigned long kPreview = 0xA0FFFF;
 
@@ -71,9 +69,9 @@ protected:
 		scope = std::make_unique<ToolProcess>(VELORA_SCOPE,
 		                                      std::vector<std::string>{"--size", "600x440", file});
 		ASSERT_EQ(scope->line(), "cursor: zoom in");
-		window = shell("xdotool search --sync --onlyvisible --name '" + file + "'");
+		window =
+		    ToolProcess("xdotool", {"search", "--sync", "--onlyvisible", "--name", file}).line();
 		ASSERT_FALSE(window.empty());
-		window.pop_back();
 		// The focus, as a window manager gives it: an earlier test's window took it.
 		XSetInputFocus(VirtualDisplay::display, std::stoul(window), RevertToPointerRoot,
 		               CurrentTime);
@@ -113,8 +111,8 @@ protected:
 			XDestroyImage(image);
 		return p;
 	}
-	// The picture once both channels' traces are drawn: "Power spectrum"
-	// and "Peak power spectrum", the first two traces' colours.
+	// The picture once both channels' traces ("Power spectrum", "Peak power
+	// spectrum") are drawn.
 	Picture drawn() const
 	{
 		return pictureWhen([](const Picture& p) {
@@ -138,8 +136,8 @@ protected:
 			--a.bottom;
 		return a;
 	}
-	// The picture once it shows what done looks for, looked at again each
-	// time the tool draws; empty if the tool stops drawing first.
+	// The picture once done finds what it looks for, looked at each time the
+	// tool draws; empty if the tool stops drawing first.
 	Picture pictureWhen(const std::function<bool(const Picture&)>& done) const
 	{
 		Display* d = VirtualDisplay::display;
@@ -169,8 +167,7 @@ protected:
 	std::unique_ptr<ToolProcess> scope;
 
 private:
-	// The test's connection hears of nothing but damage. Bounded only to
-	// keep a broken run from hanging.
+	// The test's connection hears of nothing but damage; bounded for a broken run.
 	static bool nextDamage()
 	{
 		Display* d = VirtualDisplay::display;
@@ -198,7 +195,7 @@ bool viewOf(const std::string& line, View& v)
 	                   &v.highHz, &v.lowDb, &v.highDb) == 4;
 }
 
-TEST_F(ScopeWindow, KeysPickEveryCursorAndNameIt)
+TEST_F(ScopeWindow, KeysPickEveryCursorAndNameItAndQQuits)
 {
 	const std::pair<char, const char*> keys[] = {
 	    {'x', "zoom out"},        {'p', "pan"},          {'d', "data"},
@@ -210,38 +207,28 @@ TEST_F(ScopeWindow, KeysPickEveryCursorAndNameIt)
 		key(k);
 		EXPECT_EQ(scope->line(), std::string("cursor: ") + name);
 	}
-}
-
-// The window manager's close button: WM_DELETE_WINDOW, as one sends it.
-void closeButton(Window window)
-{
-	Display* d = VirtualDisplay::display;
-	XEvent event{};
-	event.xclient.type = ClientMessage;
-	event.xclient.window = window;
-	event.xclient.message_type = XInternAtom(d, "WM_PROTOCOLS", False);
-	event.xclient.format = 32;
-	event.xclient.data.l[0] = static_cast<long>(XInternAtom(d, "WM_DELETE_WINDOW", False));
-	event.xclient.data.l[1] = CurrentTime;
-	XSendEvent(d, window, False, NoEventMask, &event);
-	XSync(d, False);
-}
-
-// Quits by the close button, or else by the q key.
-class ScopeQuit : public ScopeWindow, public ::testing::WithParamInterface<bool>
-{};
-
-TEST_P(ScopeQuit, EndsWithStatus0)
-{
-	if (GetParam())
-		closeButton(std::stoul(window));
-	else
-		key('q');
+	key('q');
 	EXPECT_EQ(scope->finish(), 0) << scope->errors();
 }
 
-INSTANTIATE_TEST_SUITE_P(, ScopeQuit, ::testing::Values(false, true),
-                         [](const auto& info) { return info.param ? "CloseButton" : "QKey"; });
+// WM_DELETE_WINDOW, as a window manager's close button sends it.
+TEST_F(ScopeWindow, CloseButtonQuits)
+{
+	Display* d = VirtualDisplay::display;
+	XEvent event{};
+	event.xclient = {ClientMessage,
+	                 0,
+	                 False,
+	                 d,
+	                 std::stoul(window),
+	                 XInternAtom(d, "WM_PROTOCOLS", False),
+	                 32,
+	                 {}};
+	event.xclient.data.l[0] = static_cast<long>(XInternAtom(d, "WM_DELETE_WINDOW", False));
+	XSendEvent(d, event.xclient.window, False, NoEventMask, &event);
+	XSync(d, False);
+	EXPECT_EQ(scope->finish(), 0) << scope->errors();
+}
 
 struct DragCase
 {
@@ -252,11 +239,6 @@ struct DragCase
 	double toY;
 	const char* ends; // the start of the line printed when the drag has ended
 };
-
-void PrintTo(const DragCase& c, std::ostream* out)
-{
-	*out << c.name;
-}
 
 class ScopeDrag : public ScopeWindow, public ::testing::WithParamInterface<DragCase>
 {};
