@@ -152,14 +152,12 @@ TEST_F(SpectrumTest, PeaksComeStrongestFirstAndSilenceHasNone)
 TEST_F(SpectrumTest, WhatCannotBeAnalysedSaysWhyInOneLine)
 {
 	std::ofstream(folder + "/text.wav") << "not audio\n";
-	std::ofstream(folder + "/empty.wav");
 	write("no_frames.wav", 0, 8000, 1, nullptr);
 	write("short.wav", 800, 8000, 1, [](std::int64_t, int) { return 0.5; });
 	write("nan.wav", 800, 8000, 1, [](std::int64_t, int) { return NAN; });
 	const std::pair<const char*, SpectrumOptions> table[] = {
-	    {"missing.wav", {}},   {"text.wav", {}}, {"empty.wav", {}},
-	    {"no_frames.wav", {}}, {"", {}},         {"short.wav", {1024, 0.2}},
-	    {"nan.wav", {}}};
+	    {"missing.wav", {}}, {"text.wav", {}}, {"no_frames.wav", {}},
+	    {"nan.wav", {}},     {"", {}},         {"short.wav", {1024, 0.2}}};
 	for (const auto& [name, options] : table)
 	{
 		const std::string path = folder + "/" + name;
