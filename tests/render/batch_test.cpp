@@ -20,16 +20,6 @@ constexpr int kRate = 48000;
 class BatchTest : public RenderTest
 {
 protected:
-	// The files under `folder`, relative to it, hidden ones included.
-	std::vector<std::string> tree(const std::string& name) const
-	{
-		std::vector<std::string> names;
-		for (const auto& entry : fs::recursive_directory_iterator(path(name)))
-			if (entry.is_regular_file())
-				names.push_back(entry.path().lexically_relative(path(name)).string());
-		std::sort(names.begin(), names.end());
-		return names;
-	}
 	void expectRun(const std::vector<std::string>& args, int status, const std::string& summary)
 	{
 		const RenderRun run = render(args);
@@ -67,7 +57,7 @@ TEST_F(BatchTest, AFolderTreeIsMirroredAndEachOutputIsThatOfItsOwnRender)
 	// Without --recursive only the folder's own files; each input's format
 	// without --format.
 	expectRun(pan({"--in-dir", "lib/a", "--out-dir", "flat", "--jobs", "1"}), 0, "1 rendered");
-	EXPECT_EQ(tree("flat"), (std::vector<std::string>{".two.flac.render", "two.flac"}));
+	EXPECT_EQ(files("flat"), (std::vector<std::string>{".two.flac.render", "two.flac"}));
 }
 
 TEST_F(BatchTest, UpToDateOutputsAreSkippedUnlessForcedOrChanged)
@@ -104,7 +94,7 @@ TEST_F(BatchTest, FailingFilesAreReportedAndTheOthersRendered)
 	          std::string::npos);
 	EXPECT_NE(run.out.find("failed:   in/long.wav: cannot write output 'out/long.wav'"),
 	          std::string::npos);
-	EXPECT_EQ(tree("out"), (std::vector<std::string>{".good.wav.render", "good.wav", "long.wav"}));
+	EXPECT_EQ(files("out"), (std::vector<std::string>{".good.wav.render", "good.wav", "long.wav"}));
 	EXPECT_EQ(readBytes(path("out/long.wav")), "the earlier render, untouched");
 	const std::string report = readBytes(path("report.json"));
 	EXPECT_NE(report.find("{\"input\": \"in/good.wav\", \"output\": \"out/good.wav\", "
@@ -144,12 +134,12 @@ TEST_F(BatchTest, AnInterruptedBatchResumesToTheSameOutputs)
 	                           "command again to render the rest"),
 	          std::string::npos)
 	    << stopped.err;
-	EXPECT_EQ(tree("out"), (std::vector<std::string>{".0.wav.render", "0.wav"}));
+	EXPECT_EQ(files("out"), (std::vector<std::string>{".0.wav.render", "0.wav"}));
 
 	const RenderRun resumed = render(args("out"));
 	ASSERT_EQ(resumed.status, 0) << resumed.err;
 	EXPECT_NE(resumed.out.find("3 rendered, 1 up to date"), std::string::npos) << resumed.out;
-	EXPECT_EQ(tree("out"), tree("whole"));
+	EXPECT_EQ(files("out"), files("whole"));
 	for (const char* name : {"0.wav", "1.wav", "2.wav", "3.wav"})
 		EXPECT_TRUE(readBytes(path(std::string("out/") + name)) ==
 		            readBytes(path(std::string("whole/") + name)))

@@ -78,7 +78,7 @@ TEST_F(RenderTest, HelpAndVersion)
 		EXPECT_NE(help.out.find(option), std::string::npos) << option;
 	const RenderRun version = render({"-V"});
 	EXPECT_EQ(version.out, "velora-render 1.0.1.1\n");
-	EXPECT_EQ(folderContents(), std::vector<std::string>());
+	EXPECT_EQ(files(), std::vector<std::string>());
 }
 
 } // namespace

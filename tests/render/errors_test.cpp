@@ -22,7 +22,7 @@ protected:
 		RenderTest::SetUp();
 		writeSine(path("sine.wav"), 4800, 48000, 440.0, 0.5);
 		writeText(path("out.wav"), kEarlier);
-		before = folderContents();
+		before = files();
 	}
 
 	// Runs the tool and checks the status, the message (one line, containing
@@ -36,7 +36,7 @@ protected:
 		EXPECT_NE(run.err.find(message), std::string::npos) << run.err;
 		EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 1) << run.err;
 		EXPECT_EQ(run.out, "");
-		EXPECT_EQ(folderContents(), before);
+		EXPECT_EQ(files(), before);
 		EXPECT_EQ(readBytes(path("out.wav")), kEarlier);
 	}
 
@@ -54,13 +54,11 @@ TEST_F(ErrorTest, CommandLineMistakesExitWithTwo)
 {
 	expectRefusal(with({"--pan", "91"}), 2, "--pan: 91 degrees is outside -90..90");
 	expectRefusal(with({"--pan", "left"}), 2, "--pan: 'left' is not a number of degrees");
-	expectRefusal(with({"--pan", "nan"}), 2, "is not a number");
 	expectRefusal(with({"--pan=10deg"}), 2, "'10deg' is not a number");
 	expectRefusal(with({"--sweep", "-90"}), 2, "--sweep: '-90' is not FROM:TO");
 	expectRefusal(with({"--sweep", "-90:100"}), 2, "100 degrees is outside -90..90");
 	expectRefusal(with({"--pan", "10", "--sweep", "0:1"}), 2, "give only one of");
-	expectRefusal(with({"--block", "0"}), 2, "--block: '0' is not a block size in frames");
-	expectRefusal(with({"--block", "12.5"}), 2, "--block");
+	expectRefusal(with({"--block", "12.5"}), 2, "--block: '12.5' is not a block size in frames");
 	expectRefusal(with({"--encoding", "pcm8"}), 2, "--encoding: unknown encoding 'pcm8'");
 	expectRefusal(with({"--pan"}), 2, "--pan needs a value");
 	expectRefusal(with({"--frobnicate"}), 2, "unknown option '--frobnicate'");
@@ -89,17 +87,15 @@ TEST_F(ErrorTest, CommandLineMistakesExitWithTwo)
 
 TEST_F(ErrorTest, FilesAndBundlesThatCannotBeUsedExitWithOne)
 {
-	writeText(path("notes.txt"), "not audio at all");
 	std::filesystem::create_directory(path("folder.wav"));
 	writeSine(path("odd.wav"), 4410, 44100, 440.0, 0.5);
 	writeSine(path("long.wav"), 48000, 48000, 440.0, 0.5);
 	writeText(path("moves.txt"), "# pan moves\n0 -90\n1.5 hard-right\n");
 	std::filesystem::create_directories(path("Fake.vst3/Contents/x86_64-linux"));
 	writeText(path("Fake.vst3/Contents/x86_64-linux/Fake.so"), "not a shared library");
-	before = folderContents();
+	before = files();
 	const std::pair<std::vector<std::string>, const char*> cases[] = {
 	    {{"--in", "missing.wav", "--out", "out.wav"}, "cannot read input 'missing.wav'"},
-	    {{"--in", "notes.txt", "--out", "out.wav"}, "cannot read input 'notes.txt'"},
 	    {{"--in", "folder.wav", "--out", "out.wav"}, "it is a directory"},
 	    {{"--in", "sine.wav", "--out", "no/such/folder/out.wav"},
 	     "cannot write output 'no/such/folder/out.wav'"},
@@ -112,7 +108,6 @@ TEST_F(ErrorTest, FilesAndBundlesThatCannotBeUsedExitWithOne)
 	    {with({"--automation", "none.txt"}), "cannot read automation file 'none.txt'"},
 	    {with({"--plugin", "Nothing.vst3"}), "no VST3 bundle at 'Nothing.vst3'"},
 	    {with({"--plugin", "Fake.vst3"}), "plug-in 'Fake.vst3' is not a VST3 module"},
-	    {with({"--plugin", "notes.txt"}), "plug-in 'notes.txt' is not a VST3 module"},
 	    {with({"--load-state", "none.state"}), "cannot read state 'none.state'"},
 	    // A long file is refused before it is read in full.
 	    {with({"--load-state", "long.wav"}), "'long.wav' is not a saved state"},
@@ -130,7 +125,7 @@ TEST_F(ErrorTest, SuccessReplacesTheEarlierOutputKeepingItsMode)
 	struct stat info = {};
 	ASSERT_EQ(stat(path("out.wav").c_str(), &info), 0);
 	EXPECT_EQ(info.st_mode & 0777, 0640u);
-	EXPECT_EQ(folderContents(), before);
+	EXPECT_EQ(files(), before);
 }
 
 } // namespace

@@ -21,8 +21,7 @@ const char* const tool = std::getenv("VELORA_RENDER");
 void RenderTest::SetUp()
 {
 	ASSERT_NE(tool, nullptr) << "VELORA_RENDER is not set";
-	const char* tmp = std::getenv("TMPDIR");
-	std::string pattern = std::string(tmp ? tmp : "/tmp") + "/velora-render-test.XXXXXX";
+	std::string pattern = std::filesystem::temp_directory_path() / "velora-render-test.XXXXXX";
 	ASSERT_NE(mkdtemp(pattern.data()), nullptr);
 	folder = pattern;
 }
@@ -103,11 +102,13 @@ RenderRun RenderTest::render(const std::vector<std::string>& args, long fileSize
 	return finish(start(args, fileSizeLimit));
 }
 
-std::vector<std::string> RenderTest::folderContents() const
+std::vector<std::string> RenderTest::files(const std::string& sub) const
 {
+	const std::string top = sub.empty() ? folder : path(sub);
 	std::vector<std::string> names;
-	for (const auto& entry : std::filesystem::directory_iterator(folder))
-		names.push_back(entry.path().filename().string());
+	for (const auto& entry : std::filesystem::recursive_directory_iterator(top))
+		if (entry.is_regular_file())
+			names.push_back(entry.path().lexically_relative(top).string());
 	std::sort(names.begin(), names.end());
 	return names;
 }

@@ -24,18 +24,17 @@ protected:
 
 	// A path in the test's scratch folder.
 	std::string path(const std::string& name) const;
-	// Runs the tool with `args` in the scratch folder and waits for it. A
-	// non-zero `fileSizeLimit` (bytes) makes every write past it fail, as on a
-	// full disk.
+	// Runs the tool with `args` in the scratch folder and waits for it; writes
+	// past a non-zero `fileSizeLimit` (bytes) fail, as on a full disk.
 	RenderRun render(const std::vector<std::string>& args, long fileSizeLimit = 0) const;
-	// Starts the tool without waiting; returns its process id. With
-	// `stdoutPipe`, its standard output goes to a pipe whose reading end
-	// this returns there, to be closed after finish.
+	// Starts the tool; its process id. With `stdoutPipe`, standard output goes
+	// to a pipe whose reading end is returned there, closed after finish.
 	int start(const std::vector<std::string>& args, long fileSizeLimit = 0,
 	          int* stdoutPipe = nullptr) const;
 	RenderRun finish(int pid) const;
-	// The names in the scratch folder, hidden ones included.
-	std::vector<std::string> folderContents() const;
+	// The files under the scratch folder (or its `sub`folder), relative to
+	// it, hidden ones included.
+	std::vector<std::string> files(const std::string& sub = "") const;
 
 	std::string folder;
 };

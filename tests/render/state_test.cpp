@@ -3,20 +3,8 @@
 #include "render/render_runner.h"
 #include "render/sound_files.h"
 
-#include <cstring>
-
 namespace velora_test {
 namespace {
-
-constexpr std::size_t kRecordBytes = 110;
-constexpr std::size_t kValueOffset = 102;
-
-double storedValue(const std::string& record)
-{
-	double value = 0.0;
-	std::memcpy(&value, record.data() + kValueOffset, sizeof value);
-	return value;
-}
 
 class StateTest : public RenderTest
 {
@@ -37,23 +25,23 @@ protected:
 
 TEST_F(StateTest, SavedAndRestoredAngles)
 {
+	const std::string at30 = saveAt("30", "30.state");
+	const std::string atLeft = saveAt("-90", "-90.state");
 	const std::string record = saveAt("-45", "left.state");
-	ASSERT_EQ(record.size(), kRecordBytes);
-	EXPECT_EQ(storedValue(record), 0.25);
 	struct Case
 	{
 		std::vector<std::string> args;
 		const char* reported;
-		double saved; // the normalised angle saved back
+		const std::string& saved; // the state saved back
 	};
 	const Case cases[] = {
 	    // The test signal keeps the restored angle instead of its sweep.
-	    {{}, "constant -45 degrees (restored from left.state)", 0.25},
+	    {{}, "constant -45 degrees (restored from left.state)", record},
 	    // A pan option overrides it; after a sweep, the state holds its end.
-	    {{"--in", "sine.wav", "--pan", "30"}, "constant 30 degrees\n", 120.0 / 180.0},
-	    {{"--in", "sine.wav", "--sweep", "0:-90"}, "sweep 0 to -90", 0.0},
+	    {{"--in", "sine.wav", "--pan", "30"}, "constant 30 degrees\n", at30},
+	    {{"--in", "sine.wav", "--sweep", "0:-90"}, "sweep 0 to -90", atLeft},
 	    // Restored, rendered from the first sample and saved back unchanged.
-	    {{"--in", "sine.wav"}, "constant -45 degrees (restored from left.state)", 0.25},
+	    {{"--in", "sine.wav"}, "constant -45 degrees (restored from left.state)", record},
 	};
 	for (const Case& c : cases)
 	{
@@ -64,16 +52,15 @@ TEST_F(StateTest, SavedAndRestoredAngles)
 		const RenderRun run = render(args);
 		ASSERT_EQ(run.status, 0) << run.err;
 		EXPECT_NE(run.out.find(c.reported), std::string::npos) << run.out;
-		EXPECT_EQ(storedValue(readBytes(path("again.state"))), c.saved);
+		EXPECT_EQ(readBytes(path("again.state")), c.saved);
 	}
-	EXPECT_EQ(readBytes(path("again.state")), record);
 	EXPECT_TRUE(readBytes(path("out.wav")) == readBytes(path("x.wav"))) << "as with --pan -45";
 }
 
 TEST_F(StateTest, RecordsThatAreNotThisPluginsAreRefused)
 {
 	const std::string record = saveAt("20", "good.state");
-	ASSERT_EQ(record.size(), kRecordBytes);
+	ASSERT_GT(record.size(), 60u);
 	std::string newer = record;
 	newer[59] = 2; // record version 2
 	std::string otherClass = record;
@@ -95,8 +82,8 @@ TEST_F(StateTest, RecordsThatAreNotThisPluginsAreRefused)
 		EXPECT_EQ(run.status, 1);
 		EXPECT_EQ(run.err, "velora-render: 'bad.state' is not a saved state of Torvik Velora\n");
 		EXPECT_EQ(readBytes(path("out.wav")), "an earlier render");
-		EXPECT_EQ(folderContents(), (std::vector<std::string>{"bad.state", "good.state", "out.wav",
-		                                                      "sine.wav", "x.wav"}));
+		EXPECT_EQ(files(), (std::vector<std::string>{"bad.state", "good.state", "out.wav",
+		                                             "sine.wav", "x.wav"}));
 	}
 }
 
