@@ -52,6 +52,7 @@ TEST_F(RenderTest, EveryPanMoveMatchesTheLawSampleBySample)
 {
 	writeText(path("moves.txt"), "# hold, move, hold\n0 -30\n0.5 -30\n0.75 30\n");
 	writeText(path("step.txt"), "0 -60\n0.25 -60\n0.25 60\n");
+	writeText(path("hold.txt"), "0.5 45\n");
 	struct Case
 	{
 		std::vector<std::string> options;
@@ -72,6 +73,7 @@ TEST_F(RenderTest, EveryPanMoveMatchesTheLawSampleBySample)
 	     [](double t) { return t <= 0.5 ? -30.0 : (t >= 0.75 ? 30.0 : -30.0 + 240.0 * (t - 0.5)); },
 	     "automation moves.txt (3 points)"},
 	    {{"--automation", "step.txt"}, 512, [](double t) { return t < 0.25 ? -60.0 : 60.0; }, ""},
+	    {{"--automation", "hold.txt"}, 512, constant(45.0), "automation hold.txt (1 point)"},
 	};
 	writeSine(path("sine.wav"), kFrames, kRate, 700.0, 0.5);
 	const std::vector<float> in = sine(kFrames, kRate, 700.0, 0.5);

@@ -21,9 +21,11 @@ PanChoice choosePan(const Options& options, bool testSignal, const AudioSource& 
 	case PanOption::Kind::automation:
 	{
 		PanCurve curve = readAutomation(pan.automationPath);
-		const std::string points = std::to_string(curve.size());
-		return {std::move(curve), "automation " + pan.automationPath + " (" + points +
-		                              (curve.size() == 1 ? " point)" : " points)")};
+		// Named before the curve moves into the choice.
+		std::string text = "automation " + pan.automationPath + " (" +
+		                   std::to_string(curve.size()) +
+		                   (curve.size() == 1 ? " point)" : " points)");
+		return {std::move(curve), std::move(text)};
 	}
 	case PanOption::Kind::none:
 		break;
