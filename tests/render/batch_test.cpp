@@ -5,9 +5,7 @@
 #include "render/sound_files.h"
 
 #include <signal.h>
-#include <unistd.h>
 
-#include <cstdio>
 #include <filesystem>
 
 namespace velora_test {
@@ -119,16 +117,10 @@ TEST_F(BatchTest, AnInterruptedBatchResumesToTheSameOutputs)
 	};
 	ASSERT_EQ(render(args("whole")).status, 0);
 
-	int fromTool = -1;
-	const int pid = start(args("out"), 0, &fromTool);
-	ASSERT_GT(pid, 0);
-	std::FILE* lines = fdopen(fromTool, "r");
-	char line[4096];
-	while (std::fgets(line, sizeof line, lines) && std::string(line).rfind("done", 0) != 0)
-	{}
-	kill(pid, SIGTERM);
-	const RenderRun stopped = finish(pid);
-	std::fclose(lines);
+	const auto tool = start(args("out"));
+	ASSERT_EQ(tool->lineWith("done ").rfind("done ", 0), 0u);
+	tool->signal(SIGTERM);
+	const RenderRun stopped = finish(*tool);
 	EXPECT_EQ(stopped.status, 128 + SIGTERM);
 	EXPECT_NE(stopped.err.find("interrupted (Terminated): 1 of 4 files done; run the same "
 	                           "command again to render the rest"),

@@ -1,13 +1,7 @@
 #include "render/render_runner.h"
 #include "render/sound_files.h"
 
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <algorithm>
-#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 
@@ -37,69 +31,24 @@ std::string RenderTest::path(const std::string& name) const
 	return folder + "/" + name;
 }
 
-int RenderTest::start(const std::vector<std::string>& args, long fileSizeLimit,
-                      int* stdoutPipe) const
+std::unique_ptr<ToolProcess> RenderTest::start(const std::vector<std::string>& args,
+                                               long fileSizeLimit) const
 {
-	const std::string program = tool;
-	std::vector<char*> argv;
-	argv.push_back(const_cast<char*>(program.c_str()));
-	for (const auto& a : args)
-		argv.push_back(const_cast<char*>(a.c_str()));
-	argv.push_back(nullptr);
-	const std::string outPath = folder + "/.stdout";
-	const std::string errPath = folder + "/.stderr";
-
-	int pipeEnds[2] = {-1, -1};
-	if (stdoutPipe && pipe(pipeEnds) != 0)
-		return -1;
-	const pid_t pid = fork();
-	if (pid == 0)
-	{
-		const int out =
-		    stdoutPipe ? pipeEnds[1] : open(outPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-		const int err = open(errPath.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-		if (out < 0 || err < 0 || chdir(folder.c_str()) != 0)
-			_exit(127);
-		dup2(out, STDOUT_FILENO);
-		dup2(err, STDERR_FILENO);
-		if (fileSizeLimit > 0)
-		{
-			// A write past the limit then fails with EFBIG instead of killing.
-			signal(SIGXFSZ, SIG_IGN);
-			const struct rlimit limit = {static_cast<rlim_t>(fileSizeLimit),
-			                             static_cast<rlim_t>(fileSizeLimit)};
-			setrlimit(RLIMIT_FSIZE, &limit);
-		}
-		if (stdoutPipe)
-			close(pipeEnds[0]);
-		execv(program.c_str(), argv.data());
-		_exit(127);
-	}
-	if (stdoutPipe)
-	{
-		close(pipeEnds[1]);
-		*stdoutPipe = pipeEnds[0];
-	}
-	return pid;
+	return std::make_unique<ToolProcess>(tool, args, ToolSurroundings{true, folder, fileSizeLimit});
 }
 
-RenderRun RenderTest::finish(int pid) const
+RenderRun RenderTest::finish(ToolProcess& tool)
 {
 	RenderRun run;
-	int status = 0;
-	if (waitpid(pid, &status, 0) != pid)
-		return run;
-	run.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-	run.out = readBytes(folder + "/.stdout");
-	run.err = readBytes(folder + "/.stderr");
-	std::filesystem::remove(folder + "/.stdout");
-	std::filesystem::remove(folder + "/.stderr");
+	run.status = tool.finish();
+	run.out = tool.rest();
+	run.err = tool.errors();
 	return run;
 }
 
 RenderRun RenderTest::render(const std::vector<std::string>& args, long fileSizeLimit) const
 {
-	return finish(start(args, fileSizeLimit));
+	return finish(*start(args, fileSizeLimit));
 }
 
 std::vector<std::string> RenderTest::files(const std::string& sub) const

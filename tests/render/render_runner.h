@@ -2,8 +2,11 @@
 // does, in a scratch folder of its own per test.
 #pragma once
 
+#include "support/tool_process.h"
+
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -27,11 +30,11 @@ protected:
 	// Runs the tool with `args` in the scratch folder and waits for it; writes
 	// past a non-zero `fileSizeLimit` (bytes) fail, as on a full disk.
 	RenderRun render(const std::vector<std::string>& args, long fileSizeLimit = 0) const;
-	// Starts the tool; its process id. With `stdoutPipe`, standard output goes
-	// to a pipe whose reading end is returned there, closed after finish.
-	int start(const std::vector<std::string>& args, long fileSizeLimit = 0,
-	          int* stdoutPipe = nullptr) const;
-	RenderRun finish(int pid) const;
+	// Starts the tool in the scratch folder, without waiting.
+	std::unique_ptr<ToolProcess> start(const std::vector<std::string>& args,
+	                                   long fileSizeLimit = 0) const;
+	// Waits for a started tool's end.
+	static RenderRun finish(ToolProcess& tool);
 	// The files under the scratch folder (or its `sub`folder), relative to
 	// it, hidden ones included.
 	std::vector<std::string> files(const std::string& sub = "") const;

@@ -1,8 +1,8 @@
 // The pictures the tools draw without a window (velora-scope --png and
 // velora-render --plot), read back with cairo, and the tools' one-line
 // errors, which leave no file behind.
-#include "scope/scope_process.h"
 #include "scope/tone_in_noise.h"
+#include "support/tool_process.h"
 
 #include <cairo.h>
 
@@ -63,7 +63,7 @@ protected:
 		std::istringstream in(args);
 		for (std::string a; in >> a;)
 			words.push_back(a[0] == '@' ? folder + a.substr(1) : a == "TONE" ? tone : a);
-		ToolProcess process(tool, words, false);
+		ToolProcess process(tool, words, {false, "", 0});
 		const int status = process.finish();
 		out = process.rest();
 		err = process.errors();

@@ -1,8 +1,8 @@
 // velora-scope's window under a virtual X server, driven by real X input
 // (xdotool): keys pick cursors, drags zoom and draw filter sections, checked
 // in what it prints and in the window's pixels.
-#include "scope/scope_process.h"
 #include "scope/tone_in_noise.h"
+#include "support/tool_process.h"
 #include "support/virtual_display.h"
 
 #include <X11/Xlib.h>

@@ -1,7 +1,8 @@
-#include "scope/scope_process.h"
+#include "support/tool_process.h"
 
 #include <poll.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,11 +11,11 @@
 namespace velora_test {
 namespace {
 // Generous for a loaded machine: the bound only keeps a broken run from hanging.
-constexpr int kWaitMs = 30000;
+constexpr int kWaitMs = 60000;
 } // namespace
 
 ToolProcess::ToolProcess(const std::string& program, const std::vector<std::string>& args,
-                         bool display)
+                         const ToolSurroundings& surroundings)
 {
 	int out[2];
 	int errors[2];
@@ -27,8 +28,18 @@ ToolProcess::ToolProcess(const std::string& program, const std::vector<std::stri
 		dup2(errors[1], STDERR_FILENO);
 		close(out[0]);
 		close(errors[0]);
-		if (!display)
+		if (!surroundings.display)
 			unsetenv("DISPLAY");
+		if (!surroundings.folder.empty() && chdir(surroundings.folder.c_str()) != 0)
+			_exit(127);
+		if (surroundings.fileSizeLimit > 0)
+		{
+			// A write past the limit then fails with EFBIG instead of killing.
+			::signal(SIGXFSZ, SIG_IGN);
+			const rlim_t bytes = static_cast<rlim_t>(surroundings.fileSizeLimit);
+			const rlimit limit{bytes, bytes};
+			setrlimit(RLIMIT_FSIZE, &limit);
+		}
 		std::vector<char*> argv{const_cast<char*>(program.c_str())};
 		for (const auto& a : args)
 			argv.push_back(const_cast<char*>(a.c_str()));
@@ -53,6 +64,11 @@ ToolProcess::~ToolProcess()
 		close(outFd);
 	if (errFd >= 0)
 		close(errFd);
+}
+
+void ToolProcess::signal(int number) const
+{
+	kill(pid, number);
 }
 
 bool ToolProcess::readMore(int fd, std::string& into)

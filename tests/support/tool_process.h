@@ -9,14 +9,23 @@
 
 namespace velora_test {
 
+// Where a tool runs.
+struct ToolSurroundings
+{
+	bool display = true;    // false: DISPLAY is unset for it
+	std::string folder;     // its working folder; empty: this one's
+	long fileSizeLimit = 0; // bytes; writes past it fail, as on a full disk
+};
+
 class ToolProcess
 {
 public:
-	// Starts program (a path, or a name on PATH) with args; without a display,
-	// DISPLAY is unset for it.
+	// Starts program (a path, or a name on PATH) with args.
 	ToolProcess(const std::string& program, const std::vector<std::string>& args,
-	            bool display = true);
+	            const ToolSurroundings& surroundings = {});
 	~ToolProcess();
+	ToolProcess(const ToolProcess&) = delete;
+	ToolProcess& operator=(const ToolProcess&) = delete;
 
 	// The next line of standard output; empty at its end or when none comes.
 	std::string line();
@@ -24,6 +33,8 @@ public:
 	std::string lineWith(const std::string& text);
 	// Waits for the exit: the status, or 128 + signal; -1 when it never came.
 	int finish();
+	// Sends it a signal.
+	void signal(int number) const;
 	// What it wrote to standard error, read once it has finished.
 	const std::string& errors() const { return err; }
 	// The rest of standard output, read once it has finished.
