@@ -6,6 +6,7 @@
 #include "osi/text/osistringtonumber.h"
 #include "osi/text/ositextinput.h"
 
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <cstdint>
@@ -25,17 +26,12 @@ void check(bool condition, const char* what)
 	}
 }
 
-const std::string& scratchFile()
+// The file's bytes live in an anonymous memory file, reached through its path.
+struct MemoryFile
 {
-	static const std::string path = [] {
-		char pattern[] = "/tmp/velora_text_fuzz_XXXXXX";
-		const int descriptor = mkstemp(pattern);
-		check(descriptor >= 0, "scratch file");
-		close(descriptor);
-		return std::string(pattern);
-	}();
-	return path;
-}
+	int fd = memfd_create("text_input_fuzz", 0);
+	std::string path = "/proc/self/fd/" + std::to_string(fd);
+};
 
 void fuzzNumbers(const std::string& text)
 {
@@ -82,16 +78,16 @@ void fuzzTextInput(const std::string& bytes)
 	const size_t newline = bytes.find('\n');
 	if (newline == std::string::npos)
 		return;
-	const std::string layout = bytes.substr(0, newline);
-	std::FILE* file = std::fopen(scratchFile().c_str(), "wb");
-	check(file != nullptr, "scratch file writable");
-	std::fwrite(bytes.data() + newline + 1, 1, bytes.size() - newline - 1, file);
-	std::fclose(file);
+	const std::string layout = bytes.substr(0, newline), body = bytes.substr(newline + 1);
+	static const MemoryFile file;
+	check(file.fd >= 0 && ftruncate(file.fd, 0) == 0 &&
+	          pwrite(file.fd, body.data(), body.size(), 0) == ssize_t(body.size()),
+	      "memory file written");
 
 	OsiTextInput input;
-	if (!input.open(scratchFile().c_str(), layout.c_str()))
+	if (!input.open(file.path.c_str(), layout.c_str()))
 		return;
-	check(input.fileLength() == static_cast<long long>(bytes.size() - newline - 1), "length");
+	check(input.fileLength() == static_cast<long long>(body.size()), "length");
 	OsiTextInputState middle;
 	double value = 0;
 	for (int i = 0; i < 2000 && input.read(value); ++i)
@@ -116,12 +112,6 @@ void fuzzTextInput(const std::string& bytes)
 }
 
 } // namespace
-
-extern "C" int LLVMFuzzerInitialize(int*, char***)
-{
-	std::atexit([] { std::remove(scratchFile().c_str()); });
-	return 0;
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
