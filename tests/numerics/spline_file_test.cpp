@@ -26,8 +26,6 @@ protected:
 		ASSERT_TRUE(out.close(true));
 	}
 
-	bool open(OsiStructuredFile& in) { return in.open(path.c_str(), false); }
-
 	velora_test::TempFolder folder;
 	std::string path = folder.path("splines.bin");
 };
@@ -63,7 +61,7 @@ TEST_F(SplineFile, SplinesFollowEachOtherAndReplaceWhatWasRead)
 	// 8-byte length, name, version, count, type, three doubles per knot.
 	EXPECT_EQ(end - start, 8 + 4 + long(sizeof("OsiCubicSplineInterpolator")) + 4 + 4 + 4 + 9 * 8);
 	OsiStructuredFile in(kTopClass, 1);
-	ASSERT_TRUE(open(in));
+	ASSERT_TRUE(in.open(path.c_str(), false));
 	OsiCubicSplineInterpolator first = splineOf(OsiCubicSplineNatural, 37, 9.0);
 	OsiCubicSplineInterpolator second = splineOf(OsiCubicSplineFlatEnds, 4, 0.0);
 	EXPECT_TRUE(first.read(in) && second.read(in));
@@ -105,7 +103,7 @@ TEST_F(SplineFile, BadBlocksAreRefused)
 		});
 		OsiStructuredFile in(kTopClass, 1);
 		long long before = 0, after = 0;
-		ASSERT_TRUE(open(in) && in.markPosition(before));
+		ASSERT_TRUE(in.open(path.c_str(), false) && in.markPosition(before));
 		OsiCubicSplineInterpolator target = s;
 		EXPECT_FALSE(target.read(in)) << c.what;
 		ASSERT_TRUE(in.markPosition(after));
