@@ -49,15 +49,6 @@ Points noisyCurve(int n)
 	return data;
 }
 
-// Knots at 0, 1, ..., 10; their ordinates only seed the fit.
-Points unitKnots()
-{
-	Points knots;
-	for (int k = 0; k <= 10; ++k)
-		knots.x.push_back(k), knots.y.push_back(0.0);
-	return knots;
-}
-
 // Mean |S'| (order 1) or |S''| (order 2) of the fit over [lo, hi], by central differences.
 double roughness(const OsiFittedCubicSpline& fit, int order, double lo, double hi)
 {
@@ -122,7 +113,7 @@ TEST(FittedSpline, PenaltiesFlattenOrStraightenTheirStretchOnly)
 {
 	// The stretch is knots 3 .. 6.
 	Points curve = noisyCurve(400);
-	Points knots = unitKnots();
+	Points knots = noisyCurve(11); // at 0, 1, ..., 10; the ordinates seed the fit
 	OsiFittedCubicSpline plain, flattened, straightened;
 	ASSERT_TRUE(fit(plain, curve, knots));
 	ASSERT_TRUE(fit(flattened, curve, knots, 3, 3, 1.0, true));
@@ -139,7 +130,7 @@ TEST(FittedSpline, PenaltiesFlattenOrStraightenTheirStretchOnly)
 TEST(FittedSpline, FailuresOfTheSourcesAndImproperInput)
 {
 	Points curve = noisyCurve(400);
-	Points knots = unitKnots();
+	Points knots = noisyCurve(11); // at 0, 1, ..., 10; the ordinates seed the fit
 	OsiFittedCubicSpline fitter;
 	Points empty;
 	EXPECT_FALSE(fit(fitter, empty, knots));
