@@ -114,9 +114,8 @@ TEST_F(TextFile, RangeStateAndResetBringReadingBack)
 	EXPECT_EQ(input.read(), 1);
 }
 
-// Enough rows that fields straddle every refill of the reader's buffer: the
-// values are those fscanf reads, and states taken along the way bring
-// reading back from far past them.
+// Fields straddle every refill of the reader's buffer: the values are fscanf's, and
+// states taken along the way bring reading back from far past them.
 TEST_F(TextFile, LongFilesReadAsTheCLibraryReadsThem)
 {
 	std::string text;
