@@ -15,26 +15,19 @@ const char* const tool = std::getenv("VELORA_RENDER");
 void RenderTest::SetUp()
 {
 	ASSERT_NE(tool, nullptr) << "VELORA_RENDER is not set";
-	std::string pattern = std::filesystem::temp_directory_path() / "velora-render-test.XXXXXX";
-	ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-	folder = pattern;
-}
-
-void RenderTest::TearDown()
-{
-	if (!folder.empty())
-		std::filesystem::remove_all(folder);
+	ASSERT_FALSE(scratch.path().empty());
 }
 
 std::string RenderTest::path(const std::string& name) const
 {
-	return folder + "/" + name;
+	return scratch.path(name);
 }
 
 std::unique_ptr<ToolProcess> RenderTest::start(const std::vector<std::string>& args,
                                                long fileSizeLimit) const
 {
-	return std::make_unique<ToolProcess>(tool, args, ToolSurroundings{true, folder, fileSizeLimit});
+	return std::make_unique<ToolProcess>(tool, args,
+	                                     ToolSurroundings{true, scratch.path(), fileSizeLimit});
 }
 
 RenderRun RenderTest::finish(ToolProcess& tool)
@@ -53,7 +46,7 @@ RenderRun RenderTest::render(const std::vector<std::string>& args, long fileSize
 
 std::vector<std::string> RenderTest::files(const std::string& sub) const
 {
-	const std::string top = sub.empty() ? folder : path(sub);
+	const std::string top = sub.empty() ? scratch.path() : path(sub);
 	std::vector<std::string> names;
 	for (const auto& entry : std::filesystem::recursive_directory_iterator(top))
 		if (entry.is_regular_file())

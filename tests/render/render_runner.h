@@ -2,6 +2,7 @@
 // does, in a scratch folder of its own per test.
 #pragma once
 
+#include "support/temp_folder.h"
 #include "support/tool_process.h"
 
 #include <gtest/gtest.h>
@@ -23,7 +24,6 @@ class RenderTest : public ::testing::Test
 {
 protected:
 	void SetUp() override;
-	void TearDown() override;
 
 	// A path in the test's scratch folder.
 	std::string path(const std::string& name) const;
@@ -39,7 +39,7 @@ protected:
 	// it, hidden ones included.
 	std::vector<std::string> files(const std::string& sub = "") const;
 
-	std::string folder;
+	TempFolder scratch;
 };
 
 } // namespace velora_test

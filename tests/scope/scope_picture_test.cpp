@@ -2,6 +2,7 @@
 // velora-render --plot), read back with cairo, and the tools' one-line
 // errors, which leave no file behind.
 #include "scope/tone_in_noise.h"
+#include "support/temp_folder.h"
 #include "support/tool_process.h"
 
 #include <cairo.h>
@@ -47,13 +48,9 @@ class ToolPictures : public ::testing::Test
 protected:
 	void SetUp() override
 	{
-		char pattern[] = "/tmp/velora-pictures-XXXXXX";
-		ASSERT_NE(mkdtemp(pattern), nullptr);
-		folder = pattern;
-		tone = folder + "/tone.wav";
+		tone = scratch.path("tone.wav");
 		ASSERT_TRUE(writeToneInNoise(tone));
 	}
-	void TearDown() override { std::system(("rm -rf " + folder).c_str()); }
 
 	// Runs a tool without an X server; its exit status. In args, split at
 	// blanks, "@" stands for the scratch folder and TONE for the tone.
@@ -62,7 +59,7 @@ protected:
 		std::vector<std::string> words;
 		std::istringstream in(args);
 		for (std::string a; in >> a;)
-			words.push_back(a[0] == '@' ? folder + a.substr(1) : a == "TONE" ? tone : a);
+			words.push_back(a[0] == '@' ? scratch.path() + a.substr(1) : a == "TONE" ? tone : a);
 		ToolProcess process(tool, words, {false, "", 0});
 		const int status = process.finish();
 		out = process.rest();
@@ -70,7 +67,7 @@ protected:
 		return status;
 	}
 
-	std::string folder;
+	TempFolder scratch;
 	std::string tone;
 	std::string out;
 	std::string err;
@@ -95,7 +92,7 @@ TEST_F(ToolPictures, PicturesHaveTheirSizeAndATracePerChannel)
 	for (const auto& c : cases)
 	{
 		ASSERT_EQ(run(c.tool, c.args), 0) << err;
-		const Picture p = readPng(folder + "/p.png");
+		const Picture p = readPng(scratch.path("p.png"));
 		EXPECT_EQ(p.width, c.width);
 		EXPECT_EQ(p.height, c.height);
 		for (int i = 0; i < c.traces; ++i)
@@ -141,7 +138,7 @@ TEST_P(ToolErrors, OneLineNoOutputAndNoFile)
 	const std::string tool = c.tool;
 	EXPECT_EQ(err.rfind(tool.substr(tool.rfind('/') + 1) + ": ", 0), 0u);
 	// The tone alone.
-	EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1);
+	EXPECT_EQ(std::distance(std::filesystem::directory_iterator(scratch.path()), {}), 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(

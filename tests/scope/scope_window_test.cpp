@@ -2,6 +2,7 @@
 // (xdotool): keys pick cursors, drags zoom and draw filter sections, checked
 // in what it prints and in the window's pixels.
 #include "scope/tone_in_noise.h"
+#include "support/temp_folder.h"
 #include "support/tool_process.h"
 #include "support/virtual_display.h"
 
@@ -61,10 +62,7 @@ class ScopeWindow : public ::testing::Test
 protected:
 	void SetUp() override
 	{
-		char pattern[] = "/tmp/velora-scope-XXXXXX";
-		ASSERT_NE(mkdtemp(pattern), nullptr);
-		folder = pattern;
-		const std::string file = folder + "/tone.wav";
+		const std::string file = scratch.path("tone.wav");
 		ASSERT_TRUE(writeToneInNoise(file));
 		scope = std::make_unique<ToolProcess>(VELORA_SCOPE,
 		                                      std::vector<std::string>{"--size", "600x440", file});
@@ -78,7 +76,6 @@ protected:
 		XSync(VirtualDisplay::display, False);
 		xdotool("mousemove --window " + window + " 300 200");
 	}
-	void TearDown() override { std::system(("rm -rf " + folder).c_str()); }
 
 	void xdotool(const std::string& arguments) const
 	{
@@ -162,7 +159,7 @@ protected:
 		return done(p) ? p : Picture{};
 	}
 
-	std::string folder;
+	TempFolder scratch;
 	std::string window;
 	std::unique_ptr<ToolProcess> scope;
 

@@ -3,6 +3,7 @@
 #include "spectral_peaks.h"
 #include "spectrum_analyser.h"
 #include "spectrum_failure.h"
+#include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
 #include <sndfile.h>
@@ -31,20 +32,12 @@ double sine(std::int64_t i, int rate, double hz, double db)
 class SpectrumTest : public ::testing::Test
 {
 protected:
-	void SetUp() override
-	{
-		std::string pattern = std::filesystem::temp_directory_path() / "spectrum-test.XXXXXX";
-		ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-		folder = pattern;
-	}
-	void TearDown() override { std::filesystem::remove_all(folder); }
-
 	// A file of `frames` frames written a second at a time: the memory test's
 	// child would otherwise inherit the whole file's samples.
 	std::string write(const std::string& name, std::int64_t frames, int rate, int channels,
 	                  const Signal& signal, int format = SF_FORMAT_WAV | SF_FORMAT_FLOAT)
 	{
-		const std::string path = folder + "/" + name;
+		const std::string path = scratch.path(name);
 		SF_INFO info = {0, rate, channels, format, 0, 0};
 		SNDFILE* file = sf_open(path.c_str(), SFM_WRITE, &info);
 		EXPECT_NE(file, nullptr) << sf_strerror(nullptr);
@@ -64,7 +57,7 @@ protected:
 		return path;
 	}
 
-	std::string folder;
+	velora_test::TempFolder scratch;
 };
 
 TEST_F(SpectrumTest, TonesReadAtTheirFrequencyAndLevelInTheirOwnChannel)
@@ -151,7 +144,7 @@ TEST_F(SpectrumTest, PeaksComeStrongestFirstAndSilenceHasNone)
 
 TEST_F(SpectrumTest, WhatCannotBeAnalysedSaysWhyInOneLine)
 {
-	std::ofstream(folder + "/text.wav") << "not audio\n";
+	std::ofstream(scratch.path("text.wav")) << "not audio\n";
 	write("no_frames.wav", 0, 8000, 1, nullptr);
 	write("short.wav", 800, 8000, 1, [](std::int64_t, int) { return 0.5; });
 	write("nan.wav", 800, 8000, 1, [](std::int64_t, int) { return NAN; });
@@ -160,7 +153,7 @@ TEST_F(SpectrumTest, WhatCannotBeAnalysedSaysWhyInOneLine)
 	    {"nan.wav", {}},     {"", {}},         {"short.wav", {1024, 0.2}}};
 	for (const auto& [name, options] : table)
 	{
-		const std::string path = folder + "/" + name;
+		const std::string path = scratch.path(name);
 		try
 		{
 			SpectrumAnalyser(options).analyse(path);
