@@ -17,8 +17,6 @@
 #include <cstdlib>
 #include <fstream>
 #include <string>
-#include <thread>
-#include <vector>
 
 namespace {
 
@@ -190,25 +188,6 @@ TEST(Module, LocalHandlersStandForTheRunningModule)
 	EXPECT_EQ(parentModuleInstance(), nullptr) << "a parent instance outlived its release";
 	EXPECT_FALSE(OsiParentModule().isValid());
 	EXPECT_EQ(OsiParentModule().create("ParentOnly", 1), nullptr);
-}
-
-TEST(Module, ConcurrentLoadsShareOneInstance)
-{
-	testing::internal::CaptureStdout();
-	std::vector<std::thread> threads;
-	for (int t = 0; t < 4; ++t)
-		threads.emplace_back([] {
-			for (int i = 0; i < 20; ++i)
-			{
-				OsiModule a(testModule);
-				OsiModule b(testModule);
-				EXPECT_EQ(a.moduleInstance(), b.moduleInstance());
-			}
-		});
-	for (std::thread& thread : threads)
-		thread.join();
-	testing::internal::GetCapturedStdout();
-	EXPECT_FALSE(isLoaded(testModule));
 }
 
 TEST(Module, ThePlugInBundleIsAFrameworkModule)
