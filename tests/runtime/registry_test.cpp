@@ -73,11 +73,6 @@ TEST(ClassRegistry, AClassAnswersRequestsForNamesItBeginsInItsVersion)
 	    "Widget", [](const MdlClass*, void* n) { return ++*static_cast<int*>(n), false; }, &count);
 	EXPECT_EQ(count, 2);
 	EXPECT_EQ(OsiClassRegistry::forAllClassesDo(nullptr, nullptr), nullptr);
-	{
-		Descriptor passing("Passing", 1);
-		EXPECT_EQ(made("Passing", 1), "Passing 1");
-	}
-	EXPECT_EQ(made("Passing", 1), "null") << "a destroyed descriptor stayed registered";
 }
 
 TEST(ClassRegistry, AClassThatMadeNothingIsNotAskedAgainButOthersAre)
