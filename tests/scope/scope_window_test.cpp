@@ -213,16 +213,13 @@ TEST_F(ScopeWindow, CloseButtonQuits)
 {
 	Display* d = VirtualDisplay::display;
 	XEvent event{};
-	event.xclient = {ClientMessage,
-	                 0,
-	                 False,
-	                 d,
-	                 std::stoul(window),
-	                 XInternAtom(d, "WM_PROTOCOLS", False),
-	                 32,
-	                 {}};
-	event.xclient.data.l[0] = static_cast<long>(XInternAtom(d, "WM_DELETE_WINDOW", False));
-	XSendEvent(d, event.xclient.window, False, NoEventMask, &event);
+	XClientMessageEvent& message = event.xclient;
+	message.type = ClientMessage;
+	message.window = std::stoul(window);
+	message.message_type = XInternAtom(d, "WM_PROTOCOLS", False);
+	message.format = 32;
+	message.data.l[0] = static_cast<long>(XInternAtom(d, "WM_DELETE_WINDOW", False));
+	XSendEvent(d, message.window, False, NoEventMask, &event);
 	XSync(d, False);
 	EXPECT_EQ(scope->finish(), 0) << scope->errors();
 }
