@@ -61,8 +61,9 @@ struct EditorFollows : ::testing::Test
 };
 
 // Every open view follows each host value and a closed one is left alone; once
-// every editor is closed, VSTGUI closes its X connection, and an editor opened
-// afterwards has a new one and must still draw. None of it is an edit.
+// every editor is closed, VSTGUI closes its X connection and leaves nothing in
+// the run loop, and an editor opened afterwards has a new one and must still
+// draw. None of it is an edit.
 TEST_F(EditorFollows, OpenViewsShowEveryHostValueWithoutAnEdit)
 {
 	auto first = std::make_unique<EditorWindow>(plug.controller, host, 0, 0);
@@ -83,6 +84,7 @@ TEST_F(EditorFollows, OpenViewsShowEveryHostValueWithoutAnEdit)
 	first.reset();
 	EXPECT_FALSE(hostSets(60.0, {second.get()}).empty());
 	second.reset();
+	EXPECT_EQ(host.registeredEvents(), 0u) << "handlers left in the run loop";
 	EditorWindow again(plug.controller, host, 0, 0);
 	EXPECT_FALSE(hostSets(30.0, {&again}).empty());
 	EXPECT_TRUE(handler.calls.empty()) << handler.calls.size() << " edits";
